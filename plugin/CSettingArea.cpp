@@ -1,0 +1,258 @@
+#include "plugin/CSettingArea.h"
+
+#include "monitoring/CMonitoringSettings.h"
+#include "plugin/SettingHandler.h"
+#include "plugin/interface/ISettingInterfaceHandler.h"
+#include "preferences/CPreferencesSettings.h"
+#include "shortcut/CShortcutPanel.h"
+#include "typelibrary/CTypeLibrarySetting.h"
+#include "typelibrary/store/CTypeLibrary.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QMainWindow>
+#include <QStackedLayout>
+#include <QStyleOption>
+#include <QStylePainter>
+#include <QTabBar>
+#include <QThread>
+#include <QVBoxLayout>
+
+namespace {
+
+enum Tab
+{
+    PreferencesTab,
+    TypeLibraryTab,
+    HealthSettingsTab,
+};
+
+// Gap between the tabs and the pages, in pixels.
+constexpr int tabSpacing = 20;
+
+// The host's overlay; null when there is none.
+QWidget* hostOverlay()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (auto* const mainWindow = qobject_cast<QMainWindow*>(window)) {
+            QWidget* const central = mainWindow->centralWidget();
+            return central ? central->findChild<QWidget*>(QStringLiteral("OverLay")) : nullptr;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::shared_ptr<ISettingInterfaceHandler> settingHandler()
+{
+    return std::dynamic_pointer_cast<ISettingInterfaceHandler>(CSettingArea::instance().getHandler());
+}
+
+CSettingArea::CSettingArea()
+{
+    setObjectName(QStringLiteral("SettingArea"));
+    createPages();
+    layOut();
+    connectPages();
+    setTexts();
+    attachShortcutPanel();
+}
+
+void CSettingArea::createPages()
+{
+    m_pTabBar = new QTabBar(this);
+    m_pTabBar->setObjectName(QStringLiteral("SettingAreaTabBar"));
+    m_pTabBar->setDrawBase(false);
+    m_pPreferences = new CPreferencesSettings(this);
+    m_pTypeLibrary = new CTypeLibrarySetting(this);
+    m_pMonitoring = new CMonitoringSettings(this);
+}
+
+void CSettingArea::layOut()
+{
+    auto* const tabBackground = new QWidget(this);
+    tabBackground->setObjectName(QStringLiteral("TabBarBackground"));
+    auto* const tabLayout = new QHBoxLayout(tabBackground);
+    tabLayout->setContentsMargins(0, 0, 0, 0);
+    tabLayout->setSpacing(0);
+    tabLayout->addWidget(m_pTabBar);
+    tabLayout->addStretch();
+
+    auto* const pages = new QStackedLayout;
+    pages->setContentsMargins(0, 22, 0, 0);
+    for (QWidget* page : {static_cast<QWidget*>(m_pPreferences), static_cast<QWidget*>(m_pTypeLibrary),
+                          static_cast<QWidget*>(m_pMonitoring)}) {
+        m_pTabBar->addTab(QString());
+        pages->addWidget(page);
+    }
+    connect(m_pTabBar, &QTabBar::currentChanged, pages, &QStackedLayout::setCurrentIndex);
+    m_pTabBar->setCurrentIndex(PreferencesTab);
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
+    layout->setContentsMargins(37, 24, 0, 0);
+    layout->addWidget(tabBackground);
+    layout->addSpacing(tabSpacing);
+    layout->addLayout(pages);
+}
+
+void CSettingArea::connectPages()
+{
+    connect(m_pPreferences, &CPreferencesSettings::notifyFahrenheitClicked, m_pMonitoring,
+            &CMonitoringSettings::FahrenheitClicked);
+    connect(m_pPreferences, &CPreferencesSettings::notifyShortcutClicked, this, [this] {
+        if (m_pShortcutPanel)
+            m_pShortcutPanel->moveIn();
+    });
+}
+
+void CSettingArea::setTexts()
+{
+    m_pTabBar->setTabText(PreferencesTab, tr("Preferences"));
+    m_pTabBar->setTabText(TypeLibraryTab, tr("Type library"));
+    m_pTabBar->setTabText(HealthSettingsTab, tr("Health settings"));
+}
+
+void CSettingArea::attachShortcutPanel()
+{
+    if (m_pShortcutPanel)
+        return;
+    QWidget* const overlay = hostOverlay();
+    if (!overlay)
+        return;
+    m_pShortcutPanel = new CShortcutPanel(overlay);
+    m_pShortcutPanel->setShortcuts(m_settings.layoutShortcuts, m_settings.softEdgeShortcuts);
+    if (auto* const layout = qobject_cast<QVBoxLayout*>(overlay->layout()))
+        layout->addWidget(m_pShortcutPanel);
+}
+
+void CSettingArea::setSettings(const SSettings& settings)
+{
+    // What no page shows stays in the held record until the host asks for it.
+    m_settings.layoutShortcuts = settings.layoutShortcuts;
+    m_settings.softEdgeShortcuts = settings.softEdgeShortcuts;
+    m_settings.monitoring.bVoltage4 = settings.monitoring.bVoltage4;
+    m_settings.monitoring.dVoltage4Min = settings.monitoring.dVoltage4Min;
+    m_settings.monitoring.dVoltage4Max = settings.monitoring.dVoltage4Max;
+
+    m_pPreferences->setPreferences(settings);
+    m_pMonitoring->setSettings(settings.monitoring, settings.email);
+    if (m_pShortcutPanel)
+        m_pShortcutPanel->setShortcuts(settings.layoutShortcuts, settings.softEdgeShortcuts);
+
+    // While a worker is still in setTypeLibraryPath(), its scan is the fresh one and the GUI thread need not wait.
+    if (m_bTypeLibraryReady)
+        CTypeLibrary::instance().updateLibrary();
+}
+
+SSettings* CSettingArea::getSettings()
+{
+    m_settings.preferences = m_pPreferences->preferences();
+
+    // The fourth voltage entry is the host's: the held record keeps what the host last set.
+    SMonitorSettings monitoring = m_pMonitoring->monitorSettings();
+    monitoring.bVoltage4 = m_settings.monitoring.bVoltage4;
+    monitoring.dVoltage4Min = m_settings.monitoring.dVoltage4Min;
+    monitoring.dVoltage4Max = m_settings.monitoring.dVoltage4Max;
+    m_settings.monitoring = monitoring;
+    m_settings.email = m_pMonitoring->emailSettings();
+
+    CTypeLibrary& library = CTypeLibrary::instance();
+    library.updateLibrary();
+    m_settings.typeLibraryTree = library.nodes();
+    return &m_settings;
+}
+
+bool CSettingArea::setTypeLibraryPath(const QString& path)
+{
+    m_bTypeLibraryReady = false;
+    CTypeLibrary& library = CTypeLibrary::instance();
+    library.setRootPath(path);
+    // On the GUI thread itself a blocking queued call would wait for ever.
+    const auto type = QThread::currentThread() == thread() ? Qt::DirectConnection : Qt::BlockingQueuedConnection;
+    const bool shown = QMetaObject::invokeMethod(m_pTypeLibrary, "setData", type, Q_ARG(QString, path));
+    m_bTypeLibraryReady = true;
+    return shown;
+}
+
+bool CSettingArea::isTypeLibraryReady()
+{
+    return m_bTypeLibraryReady;
+}
+
+void CSettingArea::setCurrentTab(int index)
+{
+    m_pTabBar->setCurrentIndex(index);
+}
+
+std::vector<SSettings::TypeLibrary::STreeNode> CSettingArea::getTypeLibrary()
+{
+    return CTypeLibrary::instance().nodes();
+}
+
+void CSettingArea::syncLanguageWithLocale()
+{
+    m_pPreferences->syncLanguageWithLocale();
+}
+
+void CSettingArea::setControlsEnabled(bool enabled)
+{
+    m_pPreferences->setControlsEnabled(enabled);
+    m_pTypeLibrary->setEditable(enabled);
+}
+
+void CSettingArea::refreshPreferences()
+{
+    m_pPreferences->refreshPreferences();
+}
+
+void CSettingArea::closeShortcutPanel()
+{
+    if (!m_pShortcutPanel || !m_pShortcutPanel->isVisible())
+        return;
+    m_pShortcutPanel->hide();
+    if (const auto handler = settingHandler())
+        handler->notifyShortcutPanelVisible(false);
+}
+
+bool CSettingArea::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ParentChange:
+        followParent();
+        break;
+    case QEvent::DeferredDelete:
+        return true; // QMainWindow does this to a central widget or dock that it replaces
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void CSettingArea::followParent()
+{
+    disconnect(m_parentDestroyed);
+    if (!parentWidget())
+        return;
+    // Qt deletes children with their parent; the signal comes before it does.
+    m_parentDestroyed = connect(parentWidget(), &QObject::destroyed, this, [this] {
+        hide();
+        setParent(nullptr);
+    });
+}
+
+void CSettingArea::paintEvent(QPaintEvent* /*event*/)
+{
+    QStyleOption option;
+    option.initFrom(this);
+    QStylePainter(this).drawPrimitive(QStyle::PE_Widget, option);
+}
+
+void CSettingArea::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        setTexts();
+    QWidget::changeEvent(event);
+}

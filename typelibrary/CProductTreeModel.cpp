@@ -1,0 +1,158 @@
+#include "typelibrary/CProductTreeModel.h"
+
+#include "typelibrary/CProductFileIconProvider.h"
+#include "typelibrary/store/TypeFileAttributes.h"
+
+#include <widgetry/CMessageBox.h>
+
+#include <QDirIterator>
+
+namespace {
+
+using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
+
+// Whether nothing in the folder is worth an expander: no sub-folder, whatever is in it, and no type file.
+bool isFreeOfTypes(const QString& folder)
+{
+    QDirIterator entries(folder, QDir::AllEntries | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        entries.next();
+        const QFileInfo entry = entries.fileInfo();
+        if (entry.isDir() || hasTypeSuffix(entry))
+            return false;
+    }
+    return true;
+}
+
+// Names that would move the entry elsewhere or hide it. Renaming to one fails like renaming to a name that is taken.
+bool isUsableName(const QString& name)
+{
+    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) && !name.contains(QLatin1Char('/')) &&
+           !name.contains(QChar::Null);
+}
+
+} // namespace
+
+CProductTreeModel::CProductTreeModel(QObject* parent)
+    : QFileSystemModel(parent),
+      m_pIconProvider(new CProductFileIconProvider)
+{
+    setIconProvider(m_pIconProvider.get());
+    setNameFilters({QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")});
+    setNameFilterDisables(false);
+    // A link is an entry of the library under its own path, wherever it points to.
+    setResolveSymlinks(false);
+}
+
+CProductTreeModel::~CProductTreeModel() = default;
+
+int CProductTreeModel::columnCount(const QModelIndex& /*parent*/) const
+{
+    return ColumnCount;
+}
+
+bool CProductTreeModel::hasChildren(const QModelIndex& parent) const
+{
+    if (parent.column() > 0)
+        return false;
+    return !parent.isValid() || (isDir(parent) && !isFreeOfTypes(filePath(parent)));
+}
+
+QVariant CProductTreeModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.model() != this)
+        return {};
+
+    switch (role) {
+    case Qt::DisplayRole:
+        if (index.column() == ResolutionColumn && !isDir(index)) {
+            const QSize resolution = typeInfo(index, TypeFileInfo::Resolution).resolution;
+            return QStringLiteral("%1x%2").arg(resolution.width()).arg(resolution.height());
+        }
+        break;
+    case Qt::EditRole:
+        if (index.column() == NameColumn && !isDir(index))
+            return index.data(FileNameRole);
+        break;
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
+    case FileNameRole:
+        return QFileInfo(filePath(index)).completeBaseName();
+    case NodeTypeRole:
+        return int(isDir(index) ? NodeType::Group : typeInfo(index, TypeFileInfo::Type).nodeType);
+    case ResolutionRole:
+        return typeInfo(index, TypeFileInfo::Resolution).resolution;
+    case Md5Role:
+        return isDir(index) ? QVariant() : QVariant::fromValue(typeInfo(index, TypeFileInfo::Digest).md5);
+    case PathRole:
+        return filePath(index);
+    default:
+        break;
+    }
+    return QFileSystemModel::data(index, role);
+}
+
+bool CProductTreeModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!index.isValid() || index.column() != NameColumn || role != Qt::EditRole ||
+        !flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+
+    const bool isGroup = isDir(index);
+    const QString oldName = index.data(Qt::DisplayRole).toString();
+    QString newName = value.toString();
+    if (!isGroup)
+        newName = QStringLiteral("%1.%2").arg(newName, QFileInfo(oldName).suffix());
+    if (newName == oldName)
+        return true;
+
+    // The base class answers a failure with a message box of its own, so it only gets names that work.
+    QDir parentFolder(filePath(index.parent()));
+    if (isUsableName(newName) && parentFolder.rename(oldName, newName)) {
+        parentFolder.rename(newName, oldName);
+        return QFileSystemModel::setData(index, newName, Qt::EditRole);
+    }
+    CMessageBox::information(nullptr,
+                             isGroup ? tr("There is already a type group with the same name.")
+                                     : tr("There is already a type with the same name."),
+                             QStringLiteral("Orvel"), CMessageBox::Ok, CMessageBox::Ok);
+    return false;
+}
+
+QVariant CProductTreeModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role == Qt::DisplayRole) {
+        switch (section) {
+        case NameColumn:
+            return tr("Type");
+        case ResolutionColumn:
+            return tr("Resolution");
+        case OperateColumn:
+            return tr("Operate");
+        default:
+            break;
+        }
+    }
+    return QFileSystemModel::headerData(section, orientation, role);
+}
+
+bool CProductTreeModel::canFetchMore(const QModelIndex& parent) const
+{
+    return hasChildren(parent);
+}
+
+Qt::ItemFlags CProductTreeModel::flags(const QModelIndex& index) const
+{
+    // Not the base class's: types are neither dragged nor dropped.
+    Qt::ItemFlags flags = QAbstractItemModel::flags(index); // NOLINT(bugprone-parent-virtual-call)
+    if (index.isValid() && index.column() == NameColumn)
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+TypeFileInfo CProductTreeModel::typeInfo(const QModelIndex& index, TypeFileInfo::Attribute attribute) const
+{
+    // That the file exists the model knows itself: painting a row must not look at the disk again.
+    const QString path = filePath(index);
+    return !isDir(index) && hasTypeSuffix(QFileInfo(path)) ? typeFileInfo(path, attribute) : TypeFileInfo{};
+}

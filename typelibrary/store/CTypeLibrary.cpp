@@ -1,0 +1,125 @@
+#include "typelibrary/store/CTypeLibrary.h"
+
+#include "typelibrary/store/LibraryScan.h"
+#include "typelibrary/store/StoreLock.h"
+#include "typelibrary/store/TypeFileAttributes.h"
+#include "typelibrary/store/TypeIndex.h"
+
+#include <QDir>
+
+#include <system_error>
+#include <thread>
+
+struct CTypeLibrary::State
+{
+    QReadWriteLock lock{QReadWriteLock::NonRecursive}; // guards the members below
+    std::vector<STreeNode> nodes;
+    QString folder;
+    TypeIndex index; // of `nodes`
+
+    // The state that the current thread is scanning for: its lock is held by this very thread.
+    static thread_local const State* scannedHere;
+
+    // Scans the folder, after having replaced it if `newFolder` is given.
+    void scan(const QString* newFolder = nullptr)
+    {
+        if (scannedHere == this)
+            return; // asked for by a host query of the scan that is under way
+        const StoreWriteLocker locker(lock);
+        const ScanMark mark(this);
+        index.clear();
+        nodes.clear();
+        if (newFolder)
+            folder = *newFolder;
+        nodes = scanLibrary(folder);
+        index.build(nodes);
+    }
+
+    // Runs `read` under the read lock, which the scanning thread has no need of.
+    template<typename Function>
+    auto read(Function function)
+    {
+        if (scannedHere == this)
+            return function();
+        const StoreReadLocker locker(lock);
+        return function();
+    }
+
+private:
+    struct ScanMark
+    {
+        explicit ScanMark(const State* state)
+            : outer(scannedHere)
+        {
+            scannedHere = state;
+        }
+        ~ScanMark() { scannedHere = outer; }
+        Q_DISABLE_COPY(ScanMark)
+
+        const State* const outer;
+    };
+};
+
+thread_local const CTypeLibrary::State* CTypeLibrary::State::scannedHere = nullptr;
+
+CTypeLibrary::CTypeLibrary()
+    : m_pState(std::make_shared<State>())
+{
+}
+
+CTypeLibrary::~CTypeLibrary() = default;
+
+void CTypeLibrary::setRootPath(const QString& folder)
+{
+    // The model shows clean absolute paths: the same path must give the same text everywhere.
+    const QString clean = folder.isEmpty() ? QString() : QDir::cleanPath(QDir(folder).absolutePath());
+    m_pState->scan(&clean);
+}
+
+void CTypeLibrary::updateLibrary()
+{
+    m_pState->scan();
+}
+
+void CTypeLibrary::startUpdate()
+{
+    const auto update = [state = m_pState] {
+        try {
+            state->scan();
+        } catch (const std::bad_alloc&) {
+            // The tree is empty; the next scan may find more memory.
+        }
+    };
+    try {
+        std::thread(update).detach();
+    } catch (const std::system_error&) {
+        update(); // no more threads to be had: a frozen moment is better than a tree that is out of date
+    }
+}
+
+QString CTypeLibrary::rootPath() const
+{
+    return m_pState->read([this] { return m_pState->folder; });
+}
+
+std::vector<CTypeLibrary::STreeNode> CTypeLibrary::nodes() const
+{
+    return m_pState->read([this] { return m_pState->nodes; });
+}
+
+QString CTypeLibrary::searchSameType(const SMD5& md5) const
+{
+    return m_pState->read([&] { return m_pState->index.firstWithDigest(md5); });
+}
+
+QString CTypeLibrary::searchSameTypeOfFile(const QString& file) const
+{
+    const SMD5 md5 = md5OfFile(file);
+    return isEmpty(md5) ? QString() : searchSameType(md5);
+}
+
+QString CTypeLibrary::searchSameName(const QString& fileOrName) const
+{
+    const QString name = QFileInfo(fileOrName).completeBaseName();
+    return m_pState->read([&] { return m_pState->index.firstWithName(name); });
+}

@@ -1,0 +1,64 @@
+#include "typelibrary/store/TypeFileInfoCache.h"
+
+void TypeFileInfo::merge(const TypeFileInfo& other)
+{
+    if (other.knows(Type))
+        nodeType = other.nodeType;
+    if (other.knows(Digest))
+        md5 = other.md5;
+    if (other.knows(Resolution))
+        resolution = other.resolution;
+    if (other.knows(Cabinet)) {
+        cabinetList = other.cabinetList;
+        cabinetFlag = other.cabinetFlag;
+    }
+    if (other.knows(Block))
+        cabinetBlock = other.cabinetBlock;
+    known = static_cast<std::uint8_t>(known | other.known);
+}
+
+TypeFileInfoCache& TypeFileInfoCache::instance()
+{
+    static auto* const cache = new TypeFileInfoCache;
+    return *cache;
+}
+
+TypeFileInfo TypeFileInfoCache::find(const QString& path) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = m_entries.find(path);
+    return found == m_entries.end() ? TypeFileInfo{} : found->second;
+}
+
+void TypeFileInfoCache::remove(const QString& path)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_entries.erase(path);
+    ++m_removals;
+    if (m_underWay > 0)
+        m_removed[path] = m_removals;
+}
+
+TypeFileInfoCache::Computation::Computation(TypeFileInfoCache& cache, const QString& path)
+    : m_cache(cache),
+      m_path(path)
+{
+    const std::lock_guard<std::mutex> lock(m_cache.m_mutex);
+    m_begun = m_cache.m_removals;
+    ++m_cache.m_underWay;
+}
+
+TypeFileInfoCache::Computation::~Computation()
+{
+    const std::lock_guard<std::mutex> lock(m_cache.m_mutex);
+    if (--m_cache.m_underWay == 0)
+        m_cache.m_removed.clear();
+}
+
+void TypeFileInfoCache::Computation::commit(const TypeFileInfo& info)
+{
+    const std::lock_guard<std::mutex> lock(m_cache.m_mutex);
+    const auto removed = m_cache.m_removed.find(m_path);
+    if (removed == m_cache.m_removed.end() || removed->second <= m_begun)
+        m_cache.m_entries[m_path].merge(info);
+}
