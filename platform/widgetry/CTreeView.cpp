@@ -1,0 +1,7 @@
+#include <widgetry/CTreeView.h>
+
+CTreeView::CTreeView(QWidget* parent)
+    : QTreeView(parent)
+{
+    setMouseTracking(true);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLabel>
+#include <QPointer>
+#include <QVector>
+
+// The bubble of a CWarningTipLineEdit. It is a child of the scrolled content, or else of the window, that the edit is
+// in, so that it scrolls and is cut off with the edit, and follows the edit inside of it.
+class CWarningTip : public QLabel
+{
+    Q_OBJECT
+
+public:
+    // Null when `edit` has no ancestor to lie on.
+    static QWidget* groundOf(const QWidget* edit);
+
+    // `edit` destroys the bubble, unless the ground has done so before.
+    CWarningTip(QWidget* edit, QWidget* ground);
+
+    void setColor(const QColor& color);
+
+    // Puts the bubble below the edit, or above it where there is no room below, inside the ground.
+    void place();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* const m_pEdit;
+};
