@@ -1,0 +1,134 @@
+#include "host/files/SafeFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("SafeFile", text);
+}
+
+bool succeeded(int result, QString& error)
+{
+    if (result < 0)
+        error = qt_error_string(errno);
+    return result >= 0;
+}
+
+bool isRegular(const struct stat& status, QString& error)
+{
+    const bool regular = S_ISREG(status.st_mode);
+    if (!regular)
+        error = tr("This is not a regular file.");
+    return regular;
+}
+
+} // namespace
+
+bool SafeFile::openForReading(QFile& file, const QString& path, QString& error)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    // Opening a device can set it off, so the kind is looked at first; the name may be given to something else before
+    // it is opened, so that neither waits and the kind is looked at again.
+    if (!succeeded(::stat(name.constData(), &status), error) || !isRegular(status, error))
+        return false;
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (!succeeded(descriptor, error))
+        return false;
+    file.setFileName(path);
+    if (!file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)) {
+        error = file.errorString();
+        return false;
+    }
+    return succeeded(::fstat(descriptor, &status), error) && isRegular(status, error);
+}
+
+std::optional<QByteArray> SafeFile::read(const QString& path, qint64 limit, QString& error)
+{
+    QFile file;
+    if (!openForReading(file, path, error))
+        return std::nullopt;
+    const QByteArray content = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError) {
+        error = file.errorString();
+        return std::nullopt;
+    }
+    if (content.size() > limit) {
+        error = tr("The file is longer than %1 bytes.").arg(limit);
+        return std::nullopt;
+    }
+    return content;
+}
+
+bool SafeFile::write(QIODevice& device, const QByteArray& bytes, QString& error)
+{
+    const bool written = device.write(bytes) == bytes.size();
+    if (!written)
+        error = device.errorString();
+    return written;
+}
+
+bool SafeFile::copy(QIODevice& from, QIODevice& to, QString& error)
+{
+    constexpr qint64 blockSize = 64 * 1024;
+    QByteArray block(blockSize, Qt::Uninitialized);
+    qint64 size = 0;
+    while ((size = from.read(block.data(), block.size())) > 0) {
+        if (to.write(block.constData(), size) != size) {
+            error = to.errorString();
+            return false;
+        }
+    }
+    if (size < 0)
+        error = from.errorString();
+    return size == 0;
+}
+
+bool SafeFile::replace(const QString& path, const Writer& write, QString& error, QFileDevice::Permissions permissions)
+{
+    const QFileInfo old(path);
+    if (old.exists() && !old.isFile()) {
+        error = tr("This is not a regular file.");
+        return false;
+    }
+    // QSaveFile follows one link only.
+    QSaveFile file(old.exists() ? old.canonicalFilePath() : path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        error = file.errorString();
+        return false;
+    }
+    if (permissions)
+        file.setPermissions(permissions);
+    if (!write(file, error))
+        return false;
+    // commit() alone puts a cut off file in place when the disk is full.
+    if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) {
+        error = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+bool SafeFile::replaceKeepingPrevious(const QString& path, const QByteArray& content, QString& error,
+                                      QFileDevice::Permissions permissions)
+{
+    if (QFileInfo::exists(path)) {
+        QFile old;
+        const auto copyOld = [&old](QIODevice& device, QString& reason) { return copy(old, device, reason); };
+        if (!openForReading(old, path, error) ||
+            !replace(path + QLatin1String(".bak"), copyOld, error, old.permissions()))
+            return false;
+    }
+    const auto writeContent = [&content](QIODevice& device, QString& reason) { return write(device, content, reason); };
+    return replace(path, writeContent, error, permissions);
+}
