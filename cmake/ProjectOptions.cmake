@@ -34,11 +34,15 @@ target_compile_definitions(
 target_compile_options(
   settingarea_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${SETTINGAREA_WERROR}>:-Werror>
 )
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # Qt's qCWarning(category) << ... and QSKIP("...") leave the last macro argument out.
+  target_compile_options(settingarea_options INTERFACE -Wno-gnu-zero-variadic-macro-arguments)
+endif()
 # Includes name a file by its path from the root of the tree, so a reader sees which floor it comes from.
 target_include_directories(settingarea_options INTERFACE "${PROJECT_SOURCE_DIR}")
 
 if(CCACHE_PROGRAM AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  add_compile_options(-fno-pch-timestamp)
+  add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
 endif()
 
 if(SETTINGAREA_SANITIZE)
@@ -54,6 +58,7 @@ function(settingarea_precompile target)
   if(NOT TARGET settingarea_pch)
     file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/precompiled.cpp" CONTENT "")
     add_library(settingarea_pch OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
+    set_target_properties(settingarea_pch PROPERTIES AUTOMOC OFF)
     target_precompile_headers(settingarea_pch PRIVATE <QtWidgets>)
     target_link_libraries(settingarea_pch PRIVATE settingarea_options Qt5::Widgets)
   endif()

@@ -30,6 +30,16 @@ enum Tab
 // Gap between the tabs and the pages, in pixels.
 constexpr int tabSpacing = 20;
 
+// The pages, one above the other. QStackedLayout itself takes no notice of its margins when it places them.
+class PageStack : public QStackedLayout
+{
+public:
+    void setGeometry(const QRect& rect) override
+    {
+        QStackedLayout::setGeometry(rect.marginsRemoved(contentsMargins()));
+    }
+};
+
 // The host's overlay; null when there is none.
 QWidget* hostOverlay()
 {
@@ -80,7 +90,7 @@ void CSettingArea::layOut()
     tabLayout->addWidget(m_pTabBar);
     tabLayout->addStretch();
 
-    auto* const pages = new QStackedLayout;
+    auto* const pages = new PageStack;
     pages->setContentsMargins(0, 22, 0, 0);
     for (QWidget* page : {static_cast<QWidget*>(m_pPreferences), static_cast<QWidget*>(m_pTypeLibrary),
                           static_cast<QWidget*>(m_pMonitoring)}) {

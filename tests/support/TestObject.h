@@ -13,7 +13,8 @@ protected:
     // The running test function causes a warning that matches; it must appear before the function ends.
     void expectWarning(const QRegularExpression& pattern);
 
-private Q_SLOTS:
+protected Q_SLOTS:
+    // Before and after each test function. A class that has its own calls these.
     void init();
     void cleanup();
 };

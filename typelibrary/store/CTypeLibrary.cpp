@@ -1,18 +1,20 @@
 #include "typelibrary/store/CTypeLibrary.h"
 
 #include "typelibrary/store/LibraryScan.h"
-#include "typelibrary/store/StoreLock.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 #include "typelibrary/store/TypeIndex.h"
 
 #include <QDir>
 
+#include <mutex>
+#include <shared_mutex>
 #include <system_error>
 #include <thread>
 
 struct CTypeLibrary::State
 {
-    QReadWriteLock lock{QReadWriteLock::NonRecursive}; // guards the members below
+    // Guards the members below. Not QReadWriteLock: threads that wait for one use a pool that Qt destroys at exit.
+    std::shared_mutex lock;
     std::vector<STreeNode> nodes;
     QString folder;
     TypeIndex index; // of `nodes`
@@ -25,7 +27,7 @@ struct CTypeLibrary::State
     {
         if (scannedHere == this)
             return; // asked for by a host query of the scan that is under way
-        const StoreWriteLocker locker(lock);
+        const std::unique_lock<std::shared_mutex> locker(lock);
         const ScanMark mark(this);
         index.clear();
         nodes.clear();
@@ -41,7 +43,7 @@ struct CTypeLibrary::State
     {
         if (scannedHere == this)
             return function();
-        const StoreReadLocker locker(lock);
+        const std::shared_lock<std::shared_mutex> locker(lock);
         return function();
     }
 

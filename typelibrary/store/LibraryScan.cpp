@@ -1,5 +1,6 @@
 #include "typelibrary/store/LibraryScan.h"
 
+#include "typelibrary/store/ScanThread.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
 #include <QDir>
@@ -26,6 +27,7 @@ QFileInfoList entriesOf(const QString& folder)
 // `ancestors` are the canonical paths of the folders that the entry lies in.
 bool fillNode(const QFileInfo& entry, STreeNode& node, QStringList& ancestors)
 {
+    ScanThread::checkpoint();
     node.path = entry.filePath();
     node.name = entry.completeBaseName();
     if (!entry.isDir()) {
@@ -127,8 +129,11 @@ private:
     void run() noexcept
     {
         try {
-            for (std::size_t i = m_next++; i < m_types.size(); i = m_next++)
+            const ScanThread scanning;
+            for (std::size_t i = m_next++; i < m_types.size(); i = m_next++) {
+                ScanThread::checkpoint();
                 m_types[i]->md5 = typeFileInfo(m_types[i]->path, TypeFileInfo::Digest).md5;
+            }
         } catch (...) {
             m_failed = true;
         }
@@ -148,6 +153,7 @@ std::vector<STreeNode> scanLibrary(const QString& folder, unsigned threads)
     if (folder.isEmpty())
         return nodes;
 
+    const ScanThread scanning;
     QStringList ancestors{QFileInfo(folder).canonicalFilePath()};
     for (const QFileInfo& entry : entriesOf(folder)) {
         STreeNode node;
@@ -167,8 +173,10 @@ std::vector<STreeNode> scanLibrary(const QString& folder, unsigned threads)
     DigestWork digests(types);
     digests.start(std::min(threads - 1, static_cast<unsigned>(types.size() - 1)));
     // Meanwhile the helpers write the digests into these nodes; all other members are written here.
-    for (STreeNode* node : types)
+    for (STreeNode* node : types) {
+        ScanThread::checkpoint();
         fillHostsShare(*node, typeFileInfo(node->path, hostsShare));
+    }
     digests.finish();
     return nodes;
 }

@@ -1,0 +1,635 @@
+#include "monitoring/CMonitoringSettings.h"
+#include "plugin/CSettingArea.h"
+#include "plugin/SettingHandler.h"
+#include "preferences/CPreferencesSettings.h"
+#include "shortcut/CShortcutPanel.h"
+#include "tests/support/FakeHandler.h"
+#include "tests/support/TestObject.h"
+#include "typelibrary/CTypeLibrarySetting.h"
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QPainter>
+#include <QScrollArea>
+#include <QStackedLayout>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTranslator>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace {
+
+CSettingArea& area()
+{
+    return CSettingArea::instance();
+}
+
+QTabBar* tabBar()
+{
+    return area().findChild<QTabBar*>(QStringLiteral("SettingAreaTabBar"));
+}
+
+QStackedLayout* pageStack()
+{
+    return area().findChild<QStackedLayout*>();
+}
+
+// A host's window with an overlay that fills its central widget.
+struct HostWindow
+{
+    HostWindow()
+    {
+        window.setCentralWidget(new QWidget);
+        overlay = new QWidget(new QWidget(window.centralWidget()));
+        overlay->setObjectName(QStringLiteral("OverLay"));
+        overlay->parentWidget()->resize(900, 600);
+        overlay->resize(900, 600);
+        overlayLayout = new QVBoxLayout(overlay);
+    }
+
+    CShortcutPanel* panel() const { return overlay->findChild<CShortcutPanel*>(); }
+
+    QMainWindow window;
+    QWidget* overlay;
+    QVBoxLayout* overlayLayout;
+};
+
+// A handler of a kind that the settings area does not know.
+class OtherHandler : public IAbstractInterfaceHandler
+{
+};
+
+class UpperCase : public QTranslator
+{
+public:
+    QString translate(const char* /*context*/, const char* text, const char* /*comment*/, int /*n*/) const override
+    {
+        return QString::fromUtf8(text).toUpper();
+    }
+    bool isEmpty() const override { return false; }
+};
+
+} // namespace
+
+class tst_CSettingArea : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void basesAndNames();
+    void tabsInOrder();
+    void geometry();
+    void tabSwitchesPage();
+    void setCurrentTabOutOfRangeChangesNothing();
+    void languageChangeRetitlesTheTabs();
+    void styleSheetPaintsTheBackground();
+    void alwaysValid();
+
+    void withoutMainWindowThereIsNoPanel();
+    void withoutOverlayThereIsNoPanel();
+    void onlyTheFirstMainWindowCounts();
+    void panelLiesOnTheOverlay();
+    void shortcutClickSlidesThePanelIn();
+    void closeShortcutPanelTellsTheHost();
+    void closeShortcutPanelWhenHiddenTellsNobody();
+    void panelComesWithTheNextWindow();
+
+    void recordComesBack();
+    void recordKeepsWhatNoPageShows();
+    void pushingTheRecordItself();
+    void getSettingsRescansTheLibrary();
+    void setSettingsRescansTheLibrary();
+
+    void handlerIsOwnedAndReplaced();
+    void sameHandlerTwice();
+    void otherHandlerIsNeverCalled();
+
+    void typeLibraryPathFromAWorker();
+    void typeLibraryPathOnTheGuiThread();
+    void controlsEnabledReachTheTree();
+
+    void survivesItsParent_data();
+    void survivesItsParent();
+    void thousandDockings();
+};
+
+void tst_CSettingArea::initTestCase()
+{
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void tst_CSettingArea::init()
+{
+    TestObject::init();
+    area().setHandler(nullptr);
+    area().setSettings(SSettings());
+    area().setCurrentTab(0);
+}
+
+void tst_CSettingArea::cleanup()
+{
+    area().setParent(nullptr);
+    area().setTypeLibraryPath(QString());
+    area().setStyleSheet(QString());
+    area().resize(1000, 700);
+    TestObject::cleanup();
+}
+
+void tst_CSettingArea::basesAndNames()
+{
+    QCOMPARE(area().objectName(), QStringLiteral("SettingArea"));
+    QCOMPARE(area().widget(), static_cast<QWidget*>(&area()));
+    QVERIFY(dynamic_cast<ISettingInterface*>(area().widget()));
+    QVERIFY(dynamic_cast<CSingleton<CSettingArea>*>(area().widget()));
+    auto* const background = area().findChild<QWidget*>(QStringLiteral("TabBarBackground"));
+    QVERIFY(background);
+    QCOMPARE(tabBar()->parentWidget(), background);
+    QCOMPARE(tabBar()->drawBase(), false);
+}
+
+void tst_CSettingArea::tabsInOrder()
+{
+    QCOMPARE(tabBar()->count(), 3);
+    QCOMPARE(tabBar()->tabText(0), QStringLiteral("Preferences"));
+    QCOMPARE(tabBar()->tabText(1), QStringLiteral("Type library"));
+    QCOMPARE(tabBar()->tabText(2), QStringLiteral("Health settings"));
+    QCOMPARE(pageStack()->count(), 3);
+    QVERIFY(qobject_cast<CPreferencesSettings*>(pageStack()->widget(0)));
+    QVERIFY(qobject_cast<CTypeLibrarySetting*>(pageStack()->widget(1)));
+    QVERIFY(qobject_cast<CMonitoringSettings*>(pageStack()->widget(2)));
+    QCOMPARE(tabBar()->currentIndex(), 0);
+    QCOMPARE(pageStack()->currentIndex(), 0);
+}
+
+void tst_CSettingArea::geometry()
+{
+    QCOMPARE(area().layout()->contentsMargins(), QMargins(37, 24, 0, 0));
+    QCOMPARE(area().layout()->spacing(), 0);
+    QCOMPARE(pageStack()->contentsMargins(), QMargins(0, 22, 0, 0));
+    auto* const background = tabBar()->parentWidget();
+    QCOMPARE(background->layout()->contentsMargins(), QMargins(0, 0, 0, 0));
+    QCOMPARE(background->layout()->spacing(), 0);
+
+    area().resize(1000, 700);
+    area().show();
+    QCOMPARE(background->geometry().topLeft(), QPoint(37, 24));
+    QCOMPARE(tabBar()->geometry().left(), 0);
+    for (int tab = 0; tab < 3; ++tab) {
+        area().setCurrentTab(tab);
+        const QRect page = pageStack()->currentWidget()->geometry();
+        QTRY_COMPARE(pageStack()->currentWidget()->geometry().topLeft(),
+                     QPoint(37, background->geometry().bottom() + 1 + 20 + 22));
+        QCOMPARE(pageStack()->currentWidget()->geometry().bottomRight(), QPoint(999, 699));
+        Q_UNUSED(page)
+    }
+    area().hide();
+}
+
+void tst_CSettingArea::tabSwitchesPage()
+{
+    area().show();
+    QTest::mouseClick(tabBar(), Qt::LeftButton, {}, tabBar()->tabRect(1).center());
+    QCOMPARE(pageStack()->currentIndex(), 1);
+    QTest::keyClick(tabBar(), Qt::Key_Right);
+    QCOMPARE(pageStack()->currentIndex(), 2);
+    area().setCurrentTab(0);
+    QCOMPARE(tabBar()->currentIndex(), 0);
+    QCOMPARE(pageStack()->currentIndex(), 0);
+    QVERIFY(pageStack()->widget(0)->isVisible());
+    QVERIFY(!pageStack()->widget(2)->isVisible());
+    area().hide();
+}
+
+void tst_CSettingArea::setCurrentTabOutOfRangeChangesNothing()
+{
+    area().setCurrentTab(2);
+    for (const int index : {3, -1, 1000}) {
+        area().setCurrentTab(index);
+        QCOMPARE(tabBar()->currentIndex(), 2);
+        QCOMPARE(pageStack()->currentIndex(), 2);
+    }
+}
+
+void tst_CSettingArea::languageChangeRetitlesTheTabs()
+{
+    area().setCurrentTab(1);
+    UpperCase translator;
+    QCoreApplication::installTranslator(&translator);
+    QTRY_COMPARE(tabBar()->tabText(0), QStringLiteral("PREFERENCES"));
+    QCOMPARE(tabBar()->tabText(1), QStringLiteral("TYPE LIBRARY"));
+    QCOMPARE(tabBar()->tabText(2), QStringLiteral("HEALTH SETTINGS"));
+    QCOMPARE(tabBar()->currentIndex(), 1);
+    QCoreApplication::removeTranslator(&translator);
+    QTRY_COMPARE(tabBar()->tabText(0), QStringLiteral("Preferences"));
+}
+
+void tst_CSettingArea::styleSheetPaintsTheBackground()
+{
+    area().setStyleSheet(QStringLiteral("#SettingArea{background:rgb(12,34,56);}"));
+    area().resize(400, 300);
+    QImage picture(area().size(), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    area().render(&picture, {}, {}, {});
+    QCOMPARE(picture.pixelColor(5, 5), QColor(12, 34, 56));
+}
+
+void tst_CSettingArea::alwaysValid()
+{
+    QVERIFY(area().initialize());
+    QVERIFY(area().isValid());
+}
+
+void tst_CSettingArea::withoutMainWindowThereIsNoPanel()
+{
+    area().attachShortcutPanel();
+    QVERIFY(!area().findChild<CShortcutPanel*>());
+    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
+    for (const QWidget* widget : QApplication::allWidgets())
+        QVERIFY(!qobject_cast<const CShortcutPanel*>(widget));
+}
+
+void tst_CSettingArea::withoutOverlayThereIsNoPanel()
+{
+    QMainWindow window;
+    area().attachShortcutPanel();
+    window.setCentralWidget(new QWidget);
+    area().attachShortcutPanel();
+    QVERIFY(!window.findChild<CShortcutPanel*>());
+    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
+}
+
+void tst_CSettingArea::onlyTheFirstMainWindowCounts()
+{
+    // The order of the top-level widgets is Qt's; whichever window comes first decides.
+    QMainWindow bare;
+    HostWindow host;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const bool hostIsFirst = windows.indexOf(&host.window) < windows.indexOf(&bare);
+    area().attachShortcutPanel();
+    QCOMPARE(host.panel() != nullptr, hostIsFirst);
+}
+
+void tst_CSettingArea::panelLiesOnTheOverlay()
+{
+    HostWindow host;
+    area().attachShortcutPanel();
+    QVERIFY(host.panel());
+    QCOMPARE(host.panel()->parentWidget(), host.overlay);
+    QVERIFY(host.overlayLayout->indexOf(host.panel()) >= 0);
+    QVERIFY(!host.panel()->isVisible());
+    area().attachShortcutPanel();
+    QCOMPARE(host.overlay->findChildren<CShortcutPanel*>().size(), 1);
+}
+
+void tst_CSettingArea::shortcutClickSlidesThePanelIn()
+{
+    HostWindow host;
+    auto* const handler = new FakeHandler;
+    area().setHandler(handler);
+    area().attachShortcutPanel();
+    host.window.show();
+    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
+    QTRY_COMPARE(handler->calls(), QStringList({QStringLiteral("notifyShortcutPanelVisible(1)")}));
+    QVERIFY(host.panel()->isVisible());
+}
+
+void tst_CSettingArea::closeShortcutPanelTellsTheHost()
+{
+    HostWindow host;
+    auto* const handler = new FakeHandler;
+    area().setHandler(handler);
+    area().attachShortcutPanel();
+    host.window.show();
+    host.panel()->show();
+    area().closeShortcutPanel();
+    QVERIFY(!host.panel()->isVisible());
+    QCOMPARE(handler->calls(), QStringList({QStringLiteral("notifyShortcutPanelVisible(0)")}));
+    area().setHandler(nullptr);
+    host.panel()->show();
+    area().closeShortcutPanel();
+    QVERIFY(!host.panel()->isVisible());
+}
+
+void tst_CSettingArea::closeShortcutPanelWhenHiddenTellsNobody()
+{
+    HostWindow host;
+    auto* const handler = new FakeHandler;
+    area().setHandler(handler);
+    area().closeShortcutPanel(); // there is no panel
+    area().attachShortcutPanel();
+    host.window.show();
+    area().closeShortcutPanel();
+    QVERIFY(handler->calls().isEmpty());
+}
+
+void tst_CSettingArea::panelComesWithTheNextWindow()
+{
+    for (int i = 0; i < 2; ++i) {
+        HostWindow host;
+        area().attachShortcutPanel();
+        QVERIFY(host.panel());
+        area().setParent(host.window.centralWidget());
+    }
+    QCOMPARE(area().parentWidget(), nullptr);
+    area().closeShortcutPanel();
+}
+
+void tst_CSettingArea::recordComesBack()
+{
+    SSettings pushed;
+    pushed.preferences.connectionPriority = 2;
+    pushed.preferences.snapSpace = 9;
+    pushed.preferences.showGrid = false;
+    pushed.monitoring.nRefreshInterval = 77;
+    pushed.monitoring.bMonitorFlag1 = false;
+    pushed.monitoring.bMonitorFlag2 = pushed.monitoring.bMonitorFlag3 = pushed.monitoring.bMonitorFlag4 = true;
+    pushed.monitoring.dVoltage3Max = 13.5;
+    pushed.email.nAlertCount = 7;
+    pushed.email.strSenderAddress = QStringLiteral("wall@site.com");
+    pushed.email.lstRecipients.append({QStringLiteral("Ann"), QStringLiteral("ann@host.com")});
+    area().setSettings(pushed);
+
+    const SSettings* const got = area().getSettings();
+    QCOMPARE(got->preferences.connectionPriority, 2);
+    QCOMPARE(got->preferences.snapSpace, 9);
+    QCOMPARE(got->preferences.showGrid, false);
+    QCOMPARE(got->monitoring.nRefreshInterval, 77);
+    QCOMPARE(got->monitoring.bMonitorFlag1, false);
+    QVERIFY(got->monitoring.bMonitorFlag2 && got->monitoring.bMonitorFlag3 && got->monitoring.bMonitorFlag4);
+    QCOMPARE(got->monitoring.dVoltage3Max, 13.5);
+    QCOMPARE(got->email.nAlertCount, 7);
+    QCOMPARE(got->email.strSenderAddress, QStringLiteral("wall@site.com"));
+    QCOMPARE(got->email.lstRecipients.size(), 1);
+    QCOMPARE(got->email.lstRecipients[0].strAddress, QStringLiteral("ann@host.com"));
+    QCOMPARE(area().getSettings(), const_cast<SSettings*>(got));
+}
+
+void tst_CSettingArea::recordKeepsWhatNoPageShows()
+{
+    SSettings pushed;
+    pushed.layoutShortcuts[0] = QKeySequence(Qt::Key_B, Qt::CTRL);
+    pushed.softEdgeShortcuts.remove(3);
+    pushed.monitoring.bVoltage4 = true;
+    pushed.monitoring.dVoltage4Min = 3.25;
+    pushed.monitoring.dVoltage4Max = 4.75;
+    area().setSettings(pushed);
+    SSettings* const held = area().getSettings();
+    QCOMPARE(held->layoutShortcuts[0], QKeySequence(Qt::Key_B, Qt::CTRL));
+    QCOMPARE(held->softEdgeShortcuts.size(), 9);
+    QCOMPARE(held->monitoring.bVoltage4, true);
+    QCOMPARE(held->monitoring.dVoltage4Min, 3.25);
+    QCOMPARE(held->monitoring.dVoltage4Max, 4.75);
+
+    // What the host writes into the held record stays there.
+    held->monitoring.bVoltage4 = false;
+    held->monitoring.dVoltage4Min = 1.5;
+    held->monitoring.dVoltage4Max = 2.5;
+    area().getSettings();
+    QCOMPARE(held->monitoring.bVoltage4, false);
+    QCOMPARE(held->monitoring.dVoltage4Min, 1.5);
+    QCOMPARE(held->monitoring.dVoltage4Max, 2.5);
+}
+
+void tst_CSettingArea::pushingTheRecordItself()
+{
+    SSettings pushed;
+    pushed.preferences.snapSpace = 11;
+    pushed.email.strSmtpServer = QStringLiteral("mail.site.com");
+    area().setSettings(pushed);
+    area().setSettings(*area().getSettings());
+    QCOMPARE(area().getSettings()->preferences.snapSpace, 11);
+    QCOMPARE(area().getSettings()->email.strSmtpServer, QStringLiteral("mail.site.com"));
+    QCOMPARE(area().getSettings()->layoutShortcuts.size(), 10);
+}
+
+void tst_CSettingArea::getSettingsRescansTheLibrary()
+{
+    QTemporaryDir library;
+    area().setTypeLibraryPath(library.path());
+    QVERIFY(area().getSettings()->typeLibraryTree.empty());
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    QCOMPARE(area().getTypeLibrary().size(), std::size_t(0));
+    QCOMPARE(area().getSettings()->typeLibraryTree.size(), std::size_t(1));
+    QCOMPARE(area().getSettings()->typeLibraryTree[0].path, file.fileName());
+    QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));
+}
+
+void tst_CSettingArea::setSettingsRescansTheLibrary()
+{
+    QTemporaryDir library;
+    area().setTypeLibraryPath(library.path());
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    area().setSettings(SSettings());
+    QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));
+}
+
+void tst_CSettingArea::handlerIsOwnedAndReplaced()
+{
+    QVERIFY(!area().getHandler());
+    QVERIFY(!settingHandler());
+    int deleted = 0;
+    auto* const first = new FakeHandler;
+    first->destroyed = [&] { ++deleted; };
+    area().setHandler(first);
+    QCOMPARE(area().getHandler().get(), static_cast<IAbstractInterfaceHandler*>(first));
+    QCOMPARE(settingHandler().get(), static_cast<ISettingInterfaceHandler*>(first));
+    auto held = settingHandler();
+    area().setHandler(new FakeHandler);
+    QCOMPARE(deleted, 0); // an operation still uses it
+    QVERIFY(settingHandler() != held);
+    held.reset();
+    QCOMPARE(deleted, 1);
+    area().setHandler(nullptr);
+    QVERIFY(!settingHandler());
+}
+
+void tst_CSettingArea::sameHandlerTwice()
+{
+    int deleted = 0;
+    auto* const handler = new FakeHandler;
+    handler->destroyed = [&] { ++deleted; };
+    area().setHandler(handler);
+    area().setHandler(handler);
+    QCOMPARE(deleted, 0);
+    area().setHandler(nullptr);
+    QCOMPARE(deleted, 1);
+}
+
+void tst_CSettingArea::otherHandlerIsNeverCalled()
+{
+    area().setHandler(new OtherHandler);
+    QVERIFY(area().getHandler());
+    QVERIFY(!settingHandler());
+    QCOMPARE(area().getHandler().use_count(), 2L); // the area's and the one just asked for
+    HostWindow host;
+    area().attachShortcutPanel();
+    host.window.show();
+    host.panel()->show();
+    area().closeShortcutPanel();
+    QVERIFY(!host.panel()->isVisible());
+}
+
+void tst_CSettingArea::typeLibraryPathFromAWorker()
+{
+    QTemporaryDir library;
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    auto* const handler = new FakeHandler;
+    handler->isMulti = [&](const QString&) {
+        // While the scan runs the library is not ready.
+        return !area().isTypeLibraryReady();
+    };
+    area().setHandler(handler);
+
+    std::atomic_int result{-1};
+    std::thread worker([&] { result = area().setTypeLibraryPath(library.path()); });
+    QTRY_COMPARE(result.load(), 1);
+    worker.join();
+    QVERIFY(area().isTypeLibraryReady());
+    QCOMPARE(area().getTypeLibrary().at(0).nodeType, SSettings::TypeLibrary::STreeNode::MultiRcv);
+    auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1);
+    QVERIFY(!handler->queryThreads().contains(QThread::currentThread()));
+}
+
+void tst_CSettingArea::typeLibraryPathOnTheGuiThread()
+{
+    QTemporaryDir library;
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    QVERIFY(area().setTypeLibraryPath(library.path()));
+    QVERIFY(area().isTypeLibraryReady());
+    QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));
+
+    QVERIFY(area().setTypeLibraryPath(QString()));
+    QVERIFY(area().getTypeLibrary().empty());
+    auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    QVERIFY(!tree->model());
+}
+
+void tst_CSettingArea::controlsEnabledReachTheTree()
+{
+    auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    area().setControlsEnabled(false);
+    QCOMPARE(tree->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::NoEditTriggers));
+    area().setControlsEnabled(true);
+    QCOMPARE(tree->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::EditKeyPressed));
+}
+
+void tst_CSettingArea::survivesItsParent_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("parent") << 0;
+    QTest::newRow("grandparent") << 1;
+    QTest::newRow("central widget of a main window") << 2;
+    QTest::newRow("central widget replaced") << 3;
+    QTest::newRow("dock widget") << 4;
+    QTest::newRow("scroll area") << 5;
+    QTest::newRow("stacked widget") << 6;
+    QTest::newRow("deleted later") << 7;
+    QTest::newRow("moved by a layout") << 8;
+}
+
+void tst_CSettingArea::survivesItsParent()
+{
+    QFETCH(int, way);
+    switch (way) {
+    case 0: {
+        QWidget parent;
+        area().setParent(&parent);
+        parent.show();
+        break;
+    }
+    case 1: {
+        QWidget grandparent;
+        area().setParent(new QWidget(new QWidget(&grandparent)));
+        break;
+    }
+    case 2: {
+        QMainWindow window;
+        window.setCentralWidget(&area());
+        window.show();
+        break;
+    }
+    case 3: {
+        QMainWindow window;
+        window.setCentralWidget(&area());
+        window.setCentralWidget(new QWidget);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        break;
+    }
+    case 4: {
+        QMainWindow window;
+        auto* const dock = new QDockWidget(&window);
+        dock->setWidget(&area());
+        window.addDockWidget(Qt::LeftDockWidgetArea, dock);
+        break;
+    }
+    case 5: {
+        QScrollArea scrollArea;
+        scrollArea.setWidget(&area());
+        break;
+    }
+    case 6: {
+        QStackedWidget stack;
+        stack.addWidget(&area());
+        break;
+    }
+    case 7: {
+        auto* const parent = new QWidget;
+        area().setParent(parent);
+        parent->deleteLater();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        break;
+    }
+    default: {
+        QWidget first;
+        area().setParent(&first);
+        QWidget second;
+        (new QVBoxLayout(&second))->addWidget(&area());
+        break;
+    }
+    }
+    QCOMPARE(area().parentWidget(), nullptr);
+    QVERIFY(!area().isVisible());
+    QCOMPARE(tabBar()->count(), 3);
+    area().setCurrentTab(1);
+    QWidget next;
+    area().setParent(&next);
+    next.show();
+    area().show();
+    QVERIFY(area().isVisible());
+}
+
+void tst_CSettingArea::thousandDockings()
+{
+    for (int i = 0; i < 1'000; ++i) {
+        HostWindow host;
+        area().attachShortcutPanel();
+        area().setParent(host.window.centralWidget());
+        if (i % 3 == 0) {
+            host.window.show();
+            area().show();
+            host.panel()->moveIn();
+            QCoreApplication::processEvents();
+        }
+    }
+    QCOMPARE(area().parentWidget(), nullptr);
+    QCOMPARE(tabBar()->count(), 3);
+}
+
+SETTINGAREA_TEST_MAIN(tst_CSettingArea, QApplication)
+#include "tst_CSettingArea.moc"

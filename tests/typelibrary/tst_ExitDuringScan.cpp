@@ -1,0 +1,36 @@
+#include "tests/support/StoreFixture.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QRandomGenerator>
+
+// A process may end at any moment of a scan, without a crash and without waiting for it.
+class tst_ExitDuringScan : public StoreFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aThousandExits();
+};
+
+void tst_ExitDuringScan::aThousandExits()
+{
+    for (int i = 0; i < 300; ++i)
+        write(QStringLiteral("G%1/%2.rcvp").arg(i % 10).arg(i), QByteArray(20'000, char('a' + i % 26)));
+
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/exit_during_scan");
+    QRandomGenerator random(4711);
+    for (int run = 0; run < 1'000; ++run) {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(program, {library->path(), QString::number(run % 4), QString::number(random.bounded(3'000))});
+        QVERIFY2(process.waitForFinished(30'000), qPrintable(QStringLiteral("Run %1 hangs").arg(run)));
+        const QByteArray output = process.readAll();
+        QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
+                 qPrintable(
+                     QStringLiteral("Run %1: %2 %3").arg(run).arg(process.exitCode()).arg(QString::fromUtf8(output))));
+    }
+}
+
+SETTINGAREA_TEST_MAIN(tst_ExitDuringScan, QCoreApplication)
+#include "tst_ExitDuringScan.moc"
