@@ -1,0 +1,96 @@
+# shellcheck shell=sh
+# What run, test, bench and the checks share. Sourced in the root of the tree.
+
+say() { printf '== %s\n' "$*"; }
+
+fail()
+{
+    printf 'error: %s\n' "$*" >&2
+    exit 1
+}
+
+# packages_for JOB...: what the jobs need, by Debian's and Ubuntu's names.
+packages_for()
+{
+    for job; do
+        case $job in
+        build) echo "g++ cmake ninja-build ccache qtbase5-dev libqt5svg5-dev qttools5-dev" ;;
+        run) echo "fonts-dejavu-core fonts-noto-cjk" ;;
+        lint) echo "clang clang-format-14 clang-tidy-14 clazy python3" ;;
+        *) fail "no packages are known for the job $job" ;;
+        esac
+    done
+}
+
+# missing_packages NAME...: those of the packages that are not installed.
+missing_packages()
+{
+    # dpkg-query fails when it does not know one of them, and still lists the others.
+    installed=" $(dpkg-query -W -f '${Package}:${db:Status-Status} ' "$@" 2>/dev/null || true)"
+    for package; do
+        case "$installed" in
+        *" $package:installed "*) ;;
+        *) printf ' %s' "$package" ;;
+        esac
+    done
+}
+
+# need_packages_for JOB...: installs the packages that are missing. Does not touch the network if none is.
+# SETTINGAREA_PACKAGES=present in the environment is for systems with another package manager.
+need_packages_for()
+{
+    [ "${SETTINGAREA_PACKAGES:-}" != present ] || return 0
+    needed=$(packages_for "$@" | tr '\n' ' ')
+    if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+        fail "no apt-get here. Install what Debian calls: ${needed}and call again with SETTINGAREA_PACKAGES=present"
+    fi
+    # Here and below the names are a list, which is to be split.
+    # shellcheck disable=SC2086
+    missing=$(missing_packages $needed)
+    [ -n "$missing" ] || return 0
+    as_root=
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || fail "neither root nor sudo to install:$missing"
+        as_root=sudo
+    fi
+    say "Install$missing"
+    $as_root apt-get update -qq || fail "apt-get could not fetch its package lists"
+    # shellcheck disable=SC2086
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null ||
+        fail "apt-get could not install:$missing"
+}
+
+# configure PRESET [OPTION...]: configures build/PRESET.
+configure()
+{
+    version=$(cmake --version | sed -n 's/^cmake version \([0-9]*\.[0-9]*\).*/\1/p')
+    if [ "${version%.*}" -eq 3 ] && [ "${version#*.}" -lt 21 ]; then
+        fail "the presets need CMake 3.21 or later, here is $version"
+    fi
+    preset=$1
+    say "Configure build/$preset"
+    mkdir -p "build/$preset"
+    log=build/$preset/configure.log
+    cmake --preset "$@" >"$log" 2>&1 || {
+        cat "$log" >&2
+        fail "build/$preset could not be configured"
+    }
+}
+
+# build PRESET [TARGET...]: builds the targets, by default everything.
+build()
+{
+    preset=$1
+    shift
+    say "Build build/$preset"
+    cmake --build "build/$preset" ${1:+--target "$@"} || fail "build/$preset could not be built"
+}
+
+# run_tests PRESET [OPTION...]: runs the tests of build/PRESET; the options are ctest's.
+run_tests()
+{
+    preset=$1
+    shift
+    say "Test build/$preset"
+    ctest --test-dir "build/$preset" --output-on-failure --no-tests=error --parallel 2 "$@"
+}
