@@ -16,7 +16,7 @@ public:
     {
     }
     CFileDescriptor(CFileDescriptor&& other) noexcept
-        : m_fd(std::exchange(other.m_fd, -1))
+        : m_fd(other.release())
     {
     }
     CFileDescriptor& operator=(CFileDescriptor&& other) noexcept
@@ -28,9 +28,10 @@ public:
 
     int get() const { return m_fd; }
     bool isOpen() const { return m_fd >= 0; }
+    int release() { return std::exchange(m_fd, -1); }
 
     // False when the system has kept a write error for this moment.
-    bool close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }
+    bool close() { return m_fd < 0 || ::close(release()) == 0; }
 
     // Bytes read, 0 at the end of the file, -1 on error.
     ssize_t read(char* buffer, std::size_t size) const

@@ -15,12 +15,18 @@ UTILBASE_EXPORT SMD5 getFileMD5(const QString& path);
 
 // Copies the files below `source` whose names match one of `nameFilters` (wildcards as QDir takes them, compared
 // case-sensitively; no filter: every file) into the same sub-folders of `target`/`folderName`, or of `target` itself
-// when `folderName` is empty. Only folders that lead to a copied file are created. A file that exists at the target
-// is replaced, except by itself: a file copied onto itself stays as it is.
-// Links to files are copied as the files they point to; links to folders are not followed, so that the copy never
-// leaves the source and never loops. Copying a folder into itself copies what was there before the call.
-// Returns true when every matching file was copied, false when the source is no readable folder or one file or
-// folder failed; the others are copied all the same.
+// when `folderName` is empty. Only folders that lead to a matching file are created.
+//
+// A file that exists at the target is replaced, except by itself: a file copied onto itself stays as it is. A file
+// appears under its name only when it is complete. It keeps its time of change and, as far as the umask lets it, its
+// permissions.
+//
+// A link to a file below `source` is copied as that file. Links to folders, links that lead out of `source` and
+// whatever is no regular file are left out: the copy never leaves the source, never loops and never waits. Copying a
+// folder into itself copies what was there before the call.
+//
+// Returns true when every matching file was copied, false when the source is no readable folder or one file or folder
+// failed; the others are copied all the same.
 UTILBASE_EXPORT bool RecursiveCopyDirectory(const QString& source, const QString& target,
                                             const QStringList& nameFilters = {}, const QString& folderName = {});
 
