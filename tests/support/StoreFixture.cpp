@@ -7,7 +7,11 @@
 
 namespace {
 
-std::shared_ptr<ISettingInterfaceHandler> currentHandler;
+std::shared_ptr<ISettingInterfaceHandler>& currentHandler()
+{
+    static std::shared_ptr<ISettingInterfaceHandler> handler;
+    return handler;
+}
 
 void appendOutline(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes, int level, QStringList& lines)
 {
@@ -22,12 +26,12 @@ void appendOutline(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes, 
 
 std::shared_ptr<ISettingInterfaceHandler> settingHandler()
 {
-    return std::atomic_load(&currentHandler);
+    return std::atomic_load(&currentHandler());
 }
 
 void setStoreHandler(std::shared_ptr<ISettingInterfaceHandler> handler)
 {
-    std::atomic_store(&currentHandler, std::move(handler));
+    std::atomic_store(&currentHandler(), std::move(handler));
 }
 
 void StoreFixture::init()

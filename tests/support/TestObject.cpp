@@ -4,9 +4,20 @@
 
 namespace {
 
-std::mutex messageMutex; // guards the lists below: warnings come from any thread
-QStringList unexpectedWarnings;
-QList<QRegularExpression> expectedWarnings;
+// Warnings come from any thread.
+struct Warnings
+{
+    std::mutex mutex; // guards the lists
+    QStringList unexpected;
+    QList<QRegularExpression> expected;
+};
+
+Warnings& warnings()
+{
+    static Warnings seen;
+    return seen;
+}
+
 QtMessageHandler previousHandler = nullptr;
 
 // What the display stand-in says of every window, whatever the program does.
@@ -17,14 +28,15 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     if (message == harmlessWarning)
         return;
     if (type == QtWarningMsg || type == QtCriticalMsg) {
-        const std::lock_guard<std::mutex> lock(messageMutex);
-        for (int i = 0; i < expectedWarnings.size(); ++i) {
-            if (expectedWarnings.at(i).match(message).hasMatch()) {
-                expectedWarnings.removeAt(i);
+        Warnings& seen = warnings();
+        const std::lock_guard<std::mutex> lock(seen.mutex);
+        for (int i = 0; i < seen.expected.size(); ++i) {
+            if (seen.expected.at(i).match(message).hasMatch()) {
+                seen.expected.removeAt(i);
                 return;
             }
         }
-        unexpectedWarnings.append(message);
+        seen.unexpected.append(message);
     }
     previousHandler(type, context, message);
 }
@@ -33,22 +45,24 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 void TestObject::expectWarning(const QRegularExpression& pattern)
 {
-    const std::lock_guard<std::mutex> lock(messageMutex);
-    expectedWarnings.append(pattern);
+    Warnings& seen = warnings();
+    const std::lock_guard<std::mutex> lock(seen.mutex);
+    seen.expected.append(pattern);
 }
 
 void TestObject::init()
 {
-    unexpectedWarnings.clear();
-    expectedWarnings.clear();
+    warnings().unexpected.clear();
+    warnings().expected.clear();
     previousHandler = qInstallMessageHandler(handleMessage);
 }
 
 void TestObject::cleanup()
 {
     qInstallMessageHandler(previousHandler);
-    const std::lock_guard<std::mutex> lock(messageMutex);
-    QVERIFY2(unexpectedWarnings.isEmpty(), qPrintable(unexpectedWarnings.join(QLatin1Char('\n'))));
-    for (const QRegularExpression& pattern : qAsConst(expectedWarnings))
+    Warnings& seen = warnings();
+    const std::lock_guard<std::mutex> lock(seen.mutex);
+    QVERIFY2(seen.unexpected.isEmpty(), qPrintable(seen.unexpected.join(QLatin1Char('\n'))));
+    for (const QRegularExpression& pattern : qAsConst(seen.expected))
         QFAIL(qPrintable(QStringLiteral("No warning matched ") + pattern.pattern()));
 }
