@@ -17,6 +17,12 @@ QString tr(const char* text)
     return QCoreApplication::translate("SafeFile", text);
 }
 
+// Qt does not know why when a part of the bytes could still be written.
+QString writeProblem()
+{
+    return tr("The file could not be written whole; perhaps the disk is full.");
+}
+
 bool succeeded(int result, QString& error)
 {
     if (result < 0)
@@ -30,6 +36,42 @@ bool isRegular(const struct stat& status, QString& error)
     if (!regular)
         error = tr("This is not a regular file.");
     return regular;
+}
+
+// Writes the new file, does what has to come between that and the change of names, and puts the new file in place.
+bool replaceAfter(const std::function<bool()>& step, const QString& path, const SafeFile::Writer& write, QString& error,
+                  QFileDevice::Permissions permissions)
+{
+    const QFileInfo old(path);
+    if (old.exists() && !old.isFile()) {
+        error = tr("This is not a regular file.");
+        return false;
+    }
+    // QSaveFile follows one link only.
+    QSaveFile file(old.exists() ? old.canonicalFilePath() : path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        error = file.errorString();
+        return false;
+    }
+    // What QFileInfo and QSaveFile take for the permissions contains what this user may do, which is everything for
+    // root.
+    constexpr QFileDevice::Permissions thisUser = QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser;
+    if (permissions || old.exists())
+        file.setPermissions((permissions ? permissions : old.permissions()) & ~thisUser);
+    if (!write(file, error))
+        return false;
+    // commit() alone puts a file that is cut off in place when the disk is full.
+    if (!file.flush() || file.error() != QFileDevice::NoError) {
+        error = writeProblem();
+        return false;
+    }
+    if (!step())
+        return false;
+    if (!file.commit()) {
+        error = file.errorString();
+        return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -58,13 +100,13 @@ std::optional<QByteArray> SafeFile::read(const QString& path, qint64 limit, QStr
     QFile file;
     if (!openForReading(file, path, error))
         return std::nullopt;
-    const QByteArray content = file.read(limit + 1);
-    if (file.error() != QFileDevice::NoError) {
-        error = file.errorString();
+    if (file.size() > limit) {
+        error = tr("The file is longer than %1 bytes.").arg(limit);
         return std::nullopt;
     }
-    if (content.size() > limit) {
-        error = tr("The file is longer than %1 bytes.").arg(limit);
+    const QByteArray content = file.read(file.size());
+    if (file.error() != QFileDevice::NoError) {
+        error = file.errorString();
         return std::nullopt;
     }
     return content;
@@ -74,7 +116,7 @@ bool SafeFile::write(QIODevice& device, const QByteArray& bytes, QString& error)
 {
     const bool written = device.write(bytes) == bytes.size();
     if (!written)
-        error = device.errorString();
+        error = writeProblem();
     return written;
 }
 
@@ -85,7 +127,7 @@ bool SafeFile::copy(QIODevice& from, QIODevice& to, QString& error)
     qint64 size = 0;
     while ((size = from.read(block.data(), block.size())) > 0) {
         if (to.write(block.constData(), size) != size) {
-            error = to.errorString();
+            error = writeProblem();
             return false;
         }
     }
@@ -96,39 +138,20 @@ bool SafeFile::copy(QIODevice& from, QIODevice& to, QString& error)
 
 bool SafeFile::replace(const QString& path, const Writer& write, QString& error, QFileDevice::Permissions permissions)
 {
-    const QFileInfo old(path);
-    if (old.exists() && !old.isFile()) {
-        error = tr("This is not a regular file.");
-        return false;
-    }
-    // QSaveFile follows one link only.
-    QSaveFile file(old.exists() ? old.canonicalFilePath() : path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        error = file.errorString();
-        return false;
-    }
-    if (permissions)
-        file.setPermissions(permissions);
-    if (!write(file, error))
-        return false;
-    // commit() alone puts a cut off file in place when the disk is full.
-    if (!file.flush() || file.error() != QFileDevice::NoError || !file.commit()) {
-        error = file.errorString();
-        return false;
-    }
-    return true;
+    return replaceAfter([] { return true; }, path, write, error, permissions);
 }
 
 bool SafeFile::replaceKeepingPrevious(const QString& path, const QByteArray& content, QString& error,
                                       QFileDevice::Permissions permissions)
 {
-    if (QFileInfo::exists(path)) {
+    const auto writeContent = [&content](QIODevice& device, QString& reason) { return write(device, content, reason); };
+    const auto keepPrevious = [&] {
+        if (!QFileInfo::exists(path))
+            return true;
         QFile old;
         const auto copyOld = [&old](QIODevice& device, QString& reason) { return copy(old, device, reason); };
-        if (!openForReading(old, path, error) ||
-            !replace(path + QLatin1String(".bak"), copyOld, error, old.permissions()))
-            return false;
-    }
-    const auto writeContent = [&content](QIODevice& device, QString& reason) { return write(device, content, reason); };
-    return replace(path, writeContent, error, permissions);
+        return openForReading(old, path, error) &&
+               replace(path + QLatin1String(".bak"), copyOld, error, permissions ? permissions : old.permissions());
+    };
+    return replaceAfter(keepPrevious, path, writeContent, error, permissions);
 }

@@ -34,8 +34,8 @@ using Writer = std::function<bool(QIODevice& device, QString& error)>;
 // The file gets `permissions`; with none given it keeps those it has. On failure the old file stays untouched.
 bool replace(const QString& path, const Writer& write, QString& error, QFileDevice::Permissions permissions = {});
 
-// The same with the content at hand; the file that was there before is kept as `path` with ".bak" appended, with its
-// permissions, in the place of the one kept before.
+// The same with the content at hand; what was there before is kept as `path` with ".bak" appended, with the same
+// permissions as the new file, in the place of what was kept before.
 bool replaceKeepingPrevious(const QString& path, const QByteArray& content, QString& error,
                             QFileDevice::Permissions permissions = {});
 

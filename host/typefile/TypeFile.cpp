@@ -35,14 +35,15 @@ std::optional<TypeFileHeader> TypeFile::readHeader(const QString& path, QString&
 
 std::optional<TypeFileHeader> TypeFile::readHeader(QIODevice& device, QString& error)
 {
-    QByteArray start(TypeFileHeader::maxSize, Qt::Uninitialized);
+    const qint64 fileSize = device.size();
+    QByteArray start(static_cast<int>(qMin<qint64>(fileSize, TypeFileHeader::maxSize)), Qt::Uninitialized);
     const qint64 size = device.read(start.data(), start.size());
     if (size < 0) {
         error = device.errorString();
         return std::nullopt;
     }
     start.truncate(static_cast<int>(size));
-    return TypeFileHeader::fromBytes(start, device.size(), error);
+    return TypeFileHeader::fromBytes(start, fileSize, error);
 }
 
 bool TypeFile::verify(const QString& path, QString& error)

@@ -39,8 +39,6 @@ QString problemOf(const TypeFileHeader& header)
 
 QString problemOfVersion(const TypeFileHeader& header)
 {
-    if (header.majorVersion == TypeFileHeader::currentMajor)
-        return {};
     const QString version = QStringLiteral("%1.%2").arg(header.majorVersion).arg(header.minorVersion);
     if (header.majorVersion > TypeFileHeader::currentMajor)
         return TypeFileHeader::tr("The file was made by a newer program: it has format version %1, and this program "
@@ -128,41 +126,43 @@ std::optional<QByteArray> TypeFileHeader::toBytes(QString& error) const
 
 std::optional<TypeFileHeader> TypeFileHeader::fromBytes(const QByteArray& start, qint64 fileSize, QString& error)
 {
-    if (!start.startsWith(QByteArray(magic, magicSize).left(start.size()))) {
-        error = tr("This is not a type file.");
+    const auto refuse = [&error](const QString& reason) {
+        error = reason;
         return std::nullopt;
-    }
+    };
+    if (!start.startsWith(QByteArray(magic, magicSize).left(start.size())))
+        return refuse(tr("This is not a type file."));
     TypeFileHeader header;
-    quint32 size = 0;
     QDataStream in(start);
     setUp(in);
     in.skipRawData(magicSize);
-    // Up to here the layout is the same in every version.
     in >> header.majorVersion >> header.minorVersion;
-    error = in.status() == QDataStream::Ok ? problemOfVersion(header) : problemOfFileSize(start.size(), minSize);
-    if (!error.isEmpty())
-        return std::nullopt;
+    // Only what was read so far is the same in every version.
+    if (in.status() == QDataStream::Ok && header.majorVersion != currentMajor)
+        return refuse(problemOfVersion(header));
+    if (start.size() < minSize)
+        return refuse(problemOfFileSize(start.size(), minSize));
 
+    quint32 size = 0;
     in >> size >> header.payloadSize >> header.payloadChecksum >> header.width >> header.height >> header.receiverKind;
     for (std::int64_t& value : header.block) {
         qint64 read = 0;
         in >> read;
         value = read;
     }
+    if (size < minSize || size > maxSize)
+        return refuse(tr("The header's size is %1; %2 to %3 bytes are possible.").arg(size).arg(minSize).arg(maxSize));
+    if (static_cast<quint32>(start.size()) < size)
+        return refuse(problemOfFileSize(start.size(), size));
     const int end = static_cast<int>(size) - checksumSize;
-    if (start.size() < minSize)
-        error = problemOfFileSize(start.size(), minSize);
-    else if (size < minSize || size > maxSize)
-        error = tr("The header's size is %1; %2 to %3 bytes are possible.").arg(size).arg(minSize).arg(maxSize);
-    else if (static_cast<quint32>(start.size()) < size)
-        error = problemOfFileSize(start.size(), size);
-    else if (Crc32::of(start.left(end)) != qFromLittleEndian<quint32>(start.constData() + end))
-        error = tr("The header is damaged: its checksum is wrong.");
-    else
-        error = problemOf(header);
-    if (error.isEmpty())
-        error = problemOfFileSize(fileSize, qint64{size} + header.payloadSize);
-    if (error.isEmpty())
-        error = readSections(in, start, end, header);
-    return error.isEmpty() ? std::make_optional(header) : std::nullopt;
+    if (Crc32::of(start.left(end)) != qFromLittleEndian<quint32>(start.constData() + end))
+        return refuse(tr("The header is damaged: its checksum is wrong."));
+    QString problem = problemOf(header);
+    if (problem.isEmpty())
+        problem = problemOfFileSize(fileSize, qint64{size} + header.payloadSize);
+    if (problem.isEmpty())
+        problem = readSections(in, start, end, header);
+    if (!problem.isEmpty())
+        return refuse(problem);
+    return header;
 }
