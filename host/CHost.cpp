@@ -1,0 +1,179 @@
+#include "host/CHost.h"
+
+#include "host/CHostHandler.h"
+#include "host/CLibraryLoader.h"
+#include "host/CMainWindow.h"
+#include "host/CStatusBar.h"
+#include "host/HostPaths.h"
+#include "host/Logging.h"
+#include "host/SampleLibrary.h"
+#include "plugin/interface/ISettingInterface.h"
+
+#include <widgetry/CMessageBox.h>
+
+#include <QApplication>
+
+namespace {
+
+// How often changes on the pages reach the file while the program runs.
+constexpr int saveIntervalMs = 60'000;
+
+// How long the closed program waits for a scan, so that the pages' last values can be collected after it.
+constexpr int closeTimeoutMs = 10'000;
+
+// After a dialog was closed the plug-in scans the library anew on a thread of its own: the time that may take to begin.
+constexpr int countDelayMs = 500;
+
+} // namespace
+
+CHost::CHost(const CommandLine& commandLine)
+    : m_commandLine(commandLine),
+      m_file(commandLine.settings.isEmpty() ? HostPaths::settingsFile() : commandLine.settings),
+      m_catalogues(HostPaths::translationsFolder())
+{
+    m_saveTimer.setInterval(saveIntervalMs);
+    connect(&m_saveTimer, &QTimer::timeout, this, [this] {
+        QString error;
+        // Values must not be taken from under a dialog that is about to change them.
+        if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !save(error))
+            qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
+    });
+    m_countTimer.setInterval(countDelayMs);
+    m_countTimer.setSingleShot(true);
+}
+
+CHost::~CHost() = default;
+
+bool CHost::start(SettingArea_InitFunction init, const QString& path)
+{
+    QStringList messages;
+    m_settings = m_file.load(messages);
+    const QString language = m_commandLine.language.isEmpty() ? m_settings.host.language : m_commandLine.language;
+    m_catalogues.setLocale(language.isEmpty() ? QLocale::system() : QLocale(language));
+
+    m_pWindow = std::make_unique<CMainWindow>();
+    IAbstractControlInterface* control = nullptr;
+    if (!init(&control, m_pWindow->dock()) || !control->initialize() || !control->isValid())
+        return false;
+    m_pArea = static_cast<ISettingInterface*>(control);
+    m_pLoader = new CLibraryLoader(m_pArea, this);
+
+    openWindow();
+    m_pWindow->status()->setPlugin(path);
+    m_pWindow->show();
+    const QString library = firstLibrary();
+    if (library.isEmpty())
+        messages << tr("The folder for the type library cannot be created: %1").arg(HostPaths::defaultLibraryFolder());
+    m_pLoader->load(library);
+    m_saveTimer.start();
+    if (!messages.isEmpty())
+        QTimer::singleShot(0, this, [this, messages] { m_pWindow->warn(messages.join(QLatin1Char('\n'))); });
+    return true;
+}
+
+void CHost::openWindow()
+{
+    m_pWindow->layOut(m_pArea->widget());
+    installHandler();
+    m_pArea->setSettings(m_settings.record);
+    m_pWindow->restoreGeometry(m_settings.host.windowGeometry);
+    m_pWindow->setCloseQuery([this] { return queryClose(); });
+
+    CStatusBar* const status = m_pWindow->status();
+    connect(m_pLoader, &CLibraryLoader::notifyLoading, status, [status](const QString& folder) {
+        status->setLibraryFolder(folder);
+        status->setScanning(true);
+    });
+    connect(m_pLoader, &CLibraryLoader::notifyLoaded, status, [status] { status->setScanning(false); });
+    connect(m_pLoader, &CLibraryLoader::notifyCounted, status, &CStatusBar::setTypeCount);
+    connect(m_pWindow.get(), &CMainWindow::notifyActivated, &m_countTimer, qOverload<>(&QTimer::start));
+    connect(&m_countTimer, &QTimer::timeout, m_pLoader, &CLibraryLoader::count);
+    connect(m_pWindow.get(), &CMainWindow::notifyTabRequested, this, [this](int tab) { m_pArea->setCurrentTab(tab); });
+    connect(m_pWindow.get(), &CMainWindow::notifyLibraryChosen, this, [this](const QString& folder) {
+        m_settings.host.libraryFolder = folder;
+        m_pLoader->load(folder);
+    });
+}
+
+void CHost::installHandler()
+{
+    CHostHandler::Services services;
+    services.language = [this](const QLocale& locale) { setLanguage(locale); };
+    services.saveFailed = [this](const QString& text) { m_pWindow->warn(text); };
+    m_pArea->setHandler(new CHostHandler(&m_project, m_pWindow.get(), services));
+}
+
+// The folder to start with; empty when there is none and none could be made.
+QString CHost::firstLibrary()
+{
+    if (!m_commandLine.library.isEmpty())
+        return m_commandLine.library;
+    if (!m_settings.host.libraryFolder.isEmpty())
+        return m_settings.host.libraryFolder;
+    const QString folder = HostPaths::defaultLibraryFolder();
+    return SampleLibrary::create(folder, HostPaths::samplesFolder()) ? folder : QString();
+}
+
+void CHost::setLanguage(const QLocale& locale)
+{
+    m_catalogues.setLocale(locale);
+    m_settings.host.language = m_catalogues.locale().name();
+    QString error;
+    if (!write(error))
+        qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
+}
+
+bool CHost::save(QString& error)
+{
+    if (m_pLoader->isLoading())
+        return true;
+    m_settings.record = *m_pArea->getSettings();
+    m_settings.record.typeLibraryTree.clear(); // large, and not kept
+    return write(error);
+}
+
+bool CHost::write(QString& error)
+{
+    m_settings.host.windowGeometry = m_pWindow->saveGeometry();
+    return m_file.save(m_settings, error);
+}
+
+bool CHost::queryClose()
+{
+    if (m_bClosing) {
+        finish(); // asked again while waiting: now
+        return true;
+    }
+    if (m_pLoader->isLoading()) {
+        // The worker needs this thread's event loop to come to its end, so the program goes on without a window.
+        m_bClosing = true;
+        m_pWindow->hide();
+        connect(m_pLoader, &CLibraryLoader::notifyLoaded, this, &CHost::finish);
+        QTimer::singleShot(closeTimeoutMs, this, &CHost::finish);
+        return false;
+    }
+    if (!saveOrAsk())
+        return false;
+    m_bClosing = true;
+    Q_EMIT notifyFinished();
+    return true;
+}
+
+bool CHost::saveOrAsk()
+{
+    QString error;
+    if (save(error))
+        return true;
+    const QString text = tr("The settings could not be saved: %1\nQuit anyway?").arg(error);
+    return CMessageBox::question(m_pWindow.get(), text, QStringLiteral("Orvel"), CMessageBox::Yes | CMessageBox::No,
+                                 CMessageBox::No) == CMessageBox::YesResult;
+}
+
+void CHost::finish()
+{
+    QString error;
+    // After the time-out the values of the last collection are what there is.
+    if (!(m_pLoader->isLoading() ? write(error) : save(error)))
+        qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
+    Q_EMIT notifyFinished();
+}

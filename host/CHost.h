@@ -1,0 +1,70 @@
+#pragma once
+
+#include "host/Catalogues.h"
+#include "host/CommandLine.h"
+#include "host/project/Project.h"
+#include "host/settings/SettingsFile.h"
+#include "plugin/interface/SettingArea_Init.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+class CLibraryLoader;
+class CMainWindow;
+class ISettingInterface;
+
+// The running host: brings the plug-in, the window, the settings file and the open project together.
+// The order at the start is that of the contract: SettingArea_Init, the handler, the settings, the window, and the
+// library folder from a worker thread. [GUI thread]
+class CHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    // `commandLine` says where the settings and the library are, and in which language to start.
+    explicit CHost(const CommandLine& commandLine);
+    ~CHost() override;
+
+    // Reads the settings, opens the window and starts loading the library. `init` is the plug-in's exported function,
+    // `path` its file, which is only shown. False when the plug-in has no settings area to give.
+    bool start(SettingArea_InitFunction init, const QString& path);
+
+    // Both null until start().
+    CMainWindow* window() const { return m_pWindow.get(); }
+    ISettingInterface* area() const { return m_pArea; }
+
+    CLibraryLoader* loader() const { return m_pLoader; }
+
+    // Takes the values from the pages and writes the settings file. Nothing happens while the library is being loaded:
+    // the pages are only to be had together with a scan, which would wait for the one that is under way.
+    // False with the reason in `error` when the file could not be written.
+    bool save(QString& error);
+
+Q_SIGNALS:
+    // The window is closed and the settings are saved.
+    void notifyFinished();
+
+private:
+    void openWindow();
+    void installHandler();
+    QString firstLibrary();
+    void setLanguage(const QLocale& locale);
+    bool queryClose();
+    bool saveOrAsk();
+    void finish();
+    bool write(QString& error);
+
+    const CommandLine m_commandLine;
+    SettingsFile m_file;
+    StoredSettings m_settings; // as loaded or collected last
+    Catalogues m_catalogues;
+    Project m_project;
+    std::unique_ptr<CMainWindow> m_pWindow;
+    ISettingInterface* m_pArea = nullptr; // the plug-in's, valid until the process ends
+    CLibraryLoader* m_pLoader = nullptr;
+    QTimer m_saveTimer;
+    QTimer m_countTimer;
+    bool m_bClosing = false;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+
+// The window's bottom line: what the type library is doing, how many types it holds, its folder, and the plug-in.
+// [GUI thread]
+class CStatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit CStatusBar(QWidget* parent = nullptr);
+
+    void setPlugin(const QString& path);
+    void setLibraryFolder(const QString& folder);
+    void setScanning(bool scanning);
+    void setTypeCount(int types);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    QLabel* addLabel(const char* name);
+    void setTexts();
+
+    QLabel* m_pState;
+    QLabel* m_pFolder;
+    QLabel* m_pPlugin;
+    QString m_plugin;
+    QString m_folder;
+    bool m_bScanning = false;
+    int m_nTypes = 0;
+};

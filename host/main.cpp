@@ -1,0 +1,88 @@
+#include "host/CHost.h"
+#include "host/CLibraryLoader.h"
+#include "host/CMainWindow.h"
+#include "host/CTerminationSignals.h"
+#include "host/HostPaths.h"
+#include "host/PluginLibrary.h"
+#include "host/theme/Theme.h"
+#include "host/tour/RunTour.h"
+#include "host/tour/RunTourPass.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int startFailed = 2;
+
+int openWindow(const CommandLine& commandLine, const PluginLibrary& plugin)
+{
+    CHost host(commandLine);
+    if (!host.start(plugin.initFunction(), plugin.path())) {
+        QTextStream(stderr) << "orvel: " << plugin.path() << ": the plug-in has no settings area to give\n";
+        return startFailed;
+    }
+    const CTerminationSignals signals;
+    QObject::connect(&signals, &CTerminationSignals::notifyTerminate, host.window(), &QWidget::close);
+    QObject::connect(&host, &CHost::notifyFinished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    const int result = QApplication::exec();
+    // The plug-in's call cannot be broken off and uses what the end of the program takes down. All is saved by now.
+    if (host.loader()->isBusy())
+        std::quick_exit(result);
+    return result;
+}
+
+int runWindowed(int& argc, char** argv, const CommandLine& commandLine)
+{
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Orvel"));
+    QApplication::setDesktopFileName(QStringLiteral("orvel"));
+    // The host says itself when it has finished: a scan may outlast the window.
+    QApplication::setQuitOnLastWindowClosed(false);
+    Theme::apply();
+
+    PluginLibrary plugin;
+    QString error;
+    const QStringList candidates =
+        commandLine.plugin.isEmpty() ? HostPaths::pluginCandidates() : QStringList{commandLine.plugin};
+    if (!plugin.load(candidates, error)) {
+        QTextStream(stderr) << "orvel: cannot load the settings plug-in: " << error << '\n';
+        return startFailed;
+    }
+    return commandLine.action == CommandLine::Action::TourPass ? runTourPass(commandLine, plugin)
+                                                               : openWindow(commandLine, plugin);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    QCoreApplication::setApplicationName(QStringLiteral("orvel"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORVEL_VERSION));
+
+    const CommandLine commandLine = CommandLine::parse(arguments);
+    switch (commandLine.action) {
+    case CommandLine::Action::Say:
+        QTextStream(stdout) << commandLine.message;
+        return 0;
+    case CommandLine::Action::Refuse:
+        QTextStream(stderr) << commandLine.message;
+        return startFailed;
+    case CommandLine::Action::Tour: {
+        const QCoreApplication application(argc, argv);
+        return runTour(commandLine);
+    }
+    case CommandLine::Action::Open:
+    case CommandLine::Action::TourPass:
+        break;
+    }
+    return runWindowed(argc, argv, commandLine);
+}

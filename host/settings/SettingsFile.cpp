@@ -1,0 +1,126 @@
+#include "host/settings/SettingsFile.h"
+
+#include "host/files/SafeFile.h"
+#include "host/settings/SettingsJson.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+namespace {
+
+// Far more than the settings with thousands of recipients need.
+constexpr qint64 maxFileSize = 4 << 20;
+
+constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+
+// Calls `take(name)` with the first name made of `path` and `suffix` that no file has; empty when that fails.
+template<typename Function>
+QString firstFree(const QString& path, const QString& suffix, Function take)
+{
+    QString name = path + suffix;
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = path + suffix + QLatin1Char('-') + QString::number(number);
+    return take(name) ? name : QString();
+}
+
+} // namespace
+
+SettingsFile::SettingsFile(const QString& path)
+    : m_path(path)
+{
+}
+
+StoredSettings SettingsFile::load(QStringList& messages)
+{
+    m_document = QJsonObject();
+    QString error;
+    switch (inspect(m_path, m_document, error)) {
+    case State::Missing:
+    case State::Sound:
+        break;
+    case State::Damaged: {
+        QString reason;
+        const QString aside = moveAside(reason);
+        messages << tr("The settings file %1 cannot be used: %2").arg(QDir::toNativeSeparators(m_path), error);
+        messages << (aside.isEmpty() ? tr("It could not be moved aside: %1").arg(reason)
+                                     : tr("It was kept as %1.").arg(QDir::toNativeSeparators(aside)));
+        const bool restored = inspect(m_path + QLatin1String(".bak"), m_document, error) == State::Sound;
+        messages << (restored ? tr("The settings saved before it are used instead.")
+                              : tr("All settings start from their defaults."));
+        break;
+    }
+    }
+    if (SettingsJson::version(m_document) > SettingsJson::currentVersion)
+        messages << tr("The settings were saved by a newer version of Orvel. What this version does not know is kept.");
+    return SettingsJson::read(m_document);
+}
+
+bool SettingsFile::save(const StoredSettings& settings, QString& error)
+{
+    const QString folder = QFileInfo(m_path).absolutePath();
+    if (!QDir().mkpath(folder)) {
+        error = tr("The folder %1 cannot be created.").arg(QDir::toNativeSeparators(folder));
+        return false;
+    }
+    const QJsonObject document = SettingsJson::write(settings, m_document);
+
+    // The file may have changed since it was loaded.
+    QJsonObject present;
+    QString reason;
+    const State state = inspect(m_path, present, reason);
+    if (state == State::Damaged && moveAside(error).isEmpty())
+        return false;
+    if (state == State::Sound && present == document)
+        return QFile::setPermissions(m_path, ownerOnly);
+    if (state == State::Sound && SettingsJson::version(present) > SettingsJson::currentVersion && !keepNewer(error))
+        return false;
+    if (!SafeFile::replaceKeepingPrevious(m_path, QJsonDocument(document).toJson(), error, ownerOnly))
+        return false;
+    m_document = document;
+    return true;
+}
+
+SettingsFile::State SettingsFile::inspect(const QString& path, QJsonObject& document, QString& error) const
+{
+    if (!QFileInfo::exists(path))
+        return State::Missing;
+    const auto content = SafeFile::read(path, maxFileSize, error);
+    if (!content)
+        return State::Damaged;
+    QJsonParseError parseError;
+    const QJsonDocument parsed = QJsonDocument::fromJson(*content, &parseError);
+    if (!parsed.isObject()) {
+        error = parseError.error != QJsonParseError::NoError
+                    ? tr("it is not valid JSON at byte %1 (%2).").arg(parseError.offset).arg(parseError.errorString())
+                    : tr("it is not a JSON object.");
+        return State::Damaged;
+    }
+    document = parsed.object();
+    return State::Sound;
+}
+
+// Renames the file; its new name, or nothing with the reason in `error`.
+QString SettingsFile::moveAside(QString& error) const
+{
+    QFile file(m_path);
+    const QString name =
+        firstFree(m_path, QStringLiteral(".damaged"), [&](const QString& to) { return file.rename(to); });
+    if (name.isEmpty())
+        error = file.errorString();
+    return name;
+}
+
+// Copies the file of a newer version, once.
+bool SettingsFile::keepNewer(QString& error)
+{
+    if (m_bNewerKept)
+        return true;
+    QFile file(m_path);
+    const QString name = firstFree(m_path, QStringLiteral(".newer"), [&](const QString& to) { return file.copy(to); });
+    if (name.isEmpty())
+        error = file.errorString();
+    m_bNewerKept = !name.isEmpty();
+    return m_bNewerKept;
+}

@@ -1,0 +1,121 @@
+#include "host/tour/TourStage.h"
+
+#include "host/CHost.h"
+#include "host/CMainWindow.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QThread>
+#include <QTimer>
+
+namespace {
+
+constexpr int timeoutMs = 30'000;
+constexpr int pollIntervalMs = 10;
+
+// The caption that stands for a window manager's title bar.
+constexpr int captionHeight = 28;
+constexpr int captionMargin = 12;
+constexpr QColor captionColor(57, 57, 64);
+constexpr QColor captionTextColor(240, 240, 246);
+
+} // namespace
+
+TourStage::TourStage(CHost& host, const QString& folder)
+    : m_host(host),
+      m_folder(folder)
+{
+}
+
+CMainWindow* TourStage::window() const
+{
+    return m_host.window();
+}
+
+ISettingInterface* TourStage::area() const
+{
+    return m_host.area();
+}
+
+bool TourStage::fail(const QString& reason)
+{
+    m_error = reason;
+    return false;
+}
+
+bool TourStage::waitFor(const std::function<bool()>& condition, const QString& what)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > timeoutMs)
+            return fail(QStringLiteral("%1 did not come").arg(what));
+        QCoreApplication::processEvents(QEventLoop::AllEvents, pollIntervalMs);
+        QThread::msleep(1);
+    }
+    return true;
+}
+
+bool TourStage::inDialog(const std::function<void()>& open, const std::function<bool(QWidget*)>& act)
+{
+    bool appeared = false;
+    bool acted = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (!dialog || !dialog->isVisible())
+            return;
+        watch.stop();
+        appeared = true;
+        const QPointer<QWidget> guard(dialog);
+        acted = act(dialog);
+        if (guard)
+            guard->close();
+    });
+    watch.start(pollIntervalMs);
+    open();
+    return appeared ? acted : fail(QStringLiteral("the dialog did not appear"));
+}
+
+bool TourStage::shoot()
+{
+    // What was shown or changed just now has its layout and its paint events yet to come.
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+
+    QPixmap picture = window()->grab();
+    QPainter painter(&picture);
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (const bool popups : {false, true}) {
+        for (QWidget* widget : widgets) {
+            if (widget != window() && widget->isVisible() && (widget->windowType() != Qt::Dialog) == popups)
+                draw(painter, widget);
+        }
+    }
+    painter.end();
+
+    const QString path = QDir(m_folder).filePath(m_picture + QStringLiteral(".png"));
+    return picture.save(path) || fail(QStringLiteral("cannot write %1").arg(path));
+}
+
+// Dialogs lie in the middle, as window managers put them, whatever the size of the screen; menus where they are.
+void TourStage::draw(QPainter& painter, QWidget* over) const
+{
+    const QPixmap content = over->grab();
+    if (over->windowType() != Qt::Dialog) {
+        painter.drawPixmap(over->pos() - window()->pos(), content);
+        return;
+    }
+    QRect frame({}, over->size() + QSize(0, captionHeight));
+    frame.moveCenter(window()->rect().center());
+    QRect caption = frame;
+    caption.setHeight(captionHeight);
+    painter.fillRect(caption, captionColor);
+    painter.setPen(captionTextColor);
+    painter.setFont(over->font());
+    painter.drawText(caption.adjusted(captionMargin, 0, -captionMargin, 0), Qt::AlignVCenter, over->windowTitle());
+    painter.drawPixmap(caption.bottomLeft() + QPoint(0, 1), content);
+}
