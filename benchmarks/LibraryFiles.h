@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+// A library of type files that a row is measured on: always the same names, sizes and contents.
+struct LibraryFiles
+{
+    int types;
+    int groups;
+    int smallest; // bytes in a file
+    int largest;
+
+    // The absolute path of the library below the folder `files`; it is made there unless it is there already.
+    QString path(const QString& files) const;
+};

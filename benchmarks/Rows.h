@@ -1,0 +1,34 @@
+#pragma once
+
+#include "benchmarks/BenchOptions.h"
+#include "benchmarks/LibraryFiles.h"
+#include "benchmarks/Measurement.h"
+
+#include <algorithm>
+#include <vector>
+
+// Each function measures one row, which may be several lines of the table. [GUI thread]
+std::vector<Measurement> measureColdScan(const BenchOptions& options);
+std::vector<Measurement> measureRescan(const BenchOptions& options);
+std::vector<Measurement> measureGetSettings(const BenchOptions& options);
+std::vector<Measurement> measureSearches(const BenchOptions& options);
+std::vector<Measurement> measureModel(const BenchOptions& options);
+std::vector<Measurement> measureStall(const BenchOptions& options);
+std::vector<Measurement> measureGrowth(const BenchOptions& options);
+
+// What measureGrowth() runs in a process of its own: scans the library `folder` for the first time and prints what it
+// took as numbers.
+void printGrowth(const QString& folder);
+
+// A library as users with many types have it.
+inline LibraryFiles usualLibrary(const BenchOptions& options)
+{
+    return {options.types(10'000), 40, 2'000, 60'000};
+}
+
+// A library of any size. Its files are small: what is to be seen is the work for each type, not the hashing, which
+// only grows with the bytes.
+inline LibraryFiles lightLibrary(int types)
+{
+    return {types, std::max(1, types / 250), 256, 1024};
+}

@@ -1,0 +1,31 @@
+#include "benchmarks/Stage.h"
+
+#include "benchmarks/InstantHandler.h"
+#include "plugin/CSettingArea.h"
+#include "typelibrary/store/TypeFileAttributes.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+ISettingInterface& settingArea()
+{
+    CSettingArea& area = CSettingArea::instance();
+    if (!area.getHandler())
+        area.setHandler(new InstantHandler);
+    return area;
+}
+
+void forget(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes)
+{
+    for (const auto& node : nodes) {
+        removeFromCache(node.path);
+        forget(node.children);
+    }
+}
+
+void processEventsFor(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
