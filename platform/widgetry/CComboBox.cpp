@@ -1,7 +1,11 @@
 #include <widgetry/CComboBox.h>
 
 #include <QAbstractItemView>
+#include <QScreen>
+#include <QScrollBar>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 CComboBox::CComboBox(QWidget* parent)
     : QComboBox(parent)
@@ -11,7 +15,9 @@ CComboBox::CComboBox(QWidget* parent)
 
 void CComboBox::showPopup()
 {
-    view()->setMinimumWidth(view()->sizeHintForColumn(modelColumn()));
+    const int barWidth = count() > maxVisibleItems() ? view()->verticalScrollBar()->sizeHint().width() : 0;
+    const int width = view()->sizeHintForColumn(modelColumn()) + barWidth + 2 * view()->frameWidth();
+    view()->setMinimumWidth(std::min(width, screen()->availableSize().width()));
     QComboBox::showPopup();
 }
 

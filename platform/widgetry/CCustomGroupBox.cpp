@@ -13,6 +13,7 @@ CCustomGroupBox::CCustomGroupBox(const QString& title, QWidget* parent)
     QFont font = m_pTitle->font();
     font.setBold(true);
     m_pTitle->setFont(font);
+    m_pLayout->setContentsMargins(0, 0, 0, 0);
     m_pLayout->addWidget(m_pTitle);
     setTitle(title);
 }
@@ -20,6 +21,7 @@ CCustomGroupBox::CCustomGroupBox(const QString& title, QWidget* parent)
 void CCustomGroupBox::setTitle(const QString& title)
 {
     m_pTitle->setText(title);
+    m_pTitle->setHidden(title.isEmpty());
     setAccessibleName(title);
 }
 

@@ -9,7 +9,20 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include <algorithm>
+
 namespace {
+
+// Characters that the button offers room for, and asks for at the least.
+constexpr int longestHint = 40;
+constexpr int shortestHint = 8;
+// Pixels between icon and text, as styles leave them.
+constexpr int iconGap = 4;
+
+QString escapeMnemonics(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 // What the user reads of a text with mnemonics: "&&" is an ampersand, another "&" is not shown.
 QString withoutMnemonics(const QString& text)
@@ -39,7 +52,7 @@ void CMenuPushButton::setActionSync(bool sync)
 
 void CMenuPushButton::setDisplayText(const QString& text)
 {
-    setText(QString(text).replace(QLatin1Char('&'), QLatin1String("&&")));
+    setText(escapeMnemonics(text));
 }
 
 QString CMenuPushButton::displayText() const
@@ -49,16 +62,46 @@ QString CMenuPushButton::displayText() const
 
 QSize CMenuPushButton::sizeHint() const
 {
-    return QPushButton::sizeHint();
+    return sizeHintWith(longestHint);
 }
 
 QSize CMenuPushButton::minimumSizeHint() const
 {
-    return QPushButton::sizeHint();
+    return sizeHintWith(shortestHint);
+}
+
+// The size for the text, or for a text of that many characters where it is longer.
+QSize CMenuPushButton::sizeHintWith(int characters) const
+{
+    QSize hint = QPushButton::sizeHint();
+    const int width = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    hint.rwidth() -= std::max(0, width - characters * fontMetrics().averageCharWidth());
+    return hint;
+}
+
+// The text as it is painted: with mnemonics, and shortened to the room that there is.
+QString CMenuPushButton::fittingText(const QStyleOptionButton& option) const
+{
+    int room = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width();
+    if (menu())
+        room -= style()->pixelMetric(QStyle::PM_MenuButtonIndicator, &option, this);
+    if (!icon().isNull())
+        room -= iconSize().width() + iconGap;
+    const QString whole = displayText();
+    if (fontMetrics().horizontalAdvance(whole) <= room)
+        return text();
+    return escapeMnemonics(fontMetrics().elidedText(whole, Qt::ElideMiddle, room));
 }
 
 bool CMenuPushButton::event(QEvent* event)
 {
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        const bool whole = fittingText(option) == text();
+        CToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole ? QString() : displayText(), this);
+        return true;
+    }
     return QPushButton::event(event);
 }
 
@@ -84,9 +127,12 @@ void CMenuPushButton::keyPressEvent(QKeyEvent* event)
         QPushButton::keyPressEvent(event);
 }
 
-void CMenuPushButton::paintEvent(QPaintEvent* event)
+void CMenuPushButton::paintEvent(QPaintEvent* /*event*/)
 {
-    QPushButton::paintEvent(event);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text = fittingText(option);
+    QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
 }
 
 void CMenuPushButton::showAction(QAction* action)

@@ -36,6 +36,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QSize sizeHintWith(int characters) const;
+    QString fittingText(const QStyleOptionButton& option) const;
     void showAction(QAction* action);
 
     bool m_bActionSync = false;

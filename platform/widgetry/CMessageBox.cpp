@@ -64,6 +64,7 @@ CMessageBox::CMessageBox(QWidget* parent, QStyle::StandardPixmap icon, const QSt
 
     m_pText->setObjectName(QStringLiteral("MessageText"));
     m_pText->setReadOnly(true);
+    m_pText->setTabChangesFocus(true);
     m_pText->setFrameShape(QFrame::NoFrame);
     m_pText->viewport()->setAutoFillBackground(false);
     m_pText->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -147,8 +148,8 @@ void CMessageBox::changeEvent(QEvent* event)
 
 void CMessageBox::showEvent(QShowEvent* event)
 {
-    CDialog::showEvent(event);
     fitText();
+    CDialog::showEvent(event); // which centres the box: it has its size by now
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
@@ -168,6 +169,8 @@ void CMessageBox::fitText()
     const int barWidth = scrolls ? m_pText->verticalScrollBar()->sizeHint().width() : 0;
     m_pText->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     m_pText->setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::ClickFocus);
-    m_pText->setFixedSize(static_cast<int>(std::ceil(width)) + barWidth, static_cast<int>(std::ceil(height)));
+    const QMargins frame = m_pText->contentsMargins();
+    m_pText->setFixedSize(static_cast<int>(std::ceil(width)) + barWidth + frame.left() + frame.right(),
+                          static_cast<int>(std::ceil(height)) + frame.top() + frame.bottom());
     adjustSize();
 }

@@ -4,7 +4,7 @@
 
 #include <QScrollArea>
 
-// A frameless scroll area on its parent's background. [GUI thread]
+// A scroll area without a frame. [GUI thread]
 class WIDGETRY_EXPORT CScrollArea : public QScrollArea
 {
     Q_OBJECT

@@ -23,8 +23,15 @@ void CScrollBar::ConnectWithOtheBar(QScrollBar* bar, Qt::ScrollBarPolicy policy)
     // Item views set the page step after the range, which no signal tells.
     connect(bar, &QScrollBar::rangeChanged, this, &CScrollBar::takeOver, Qt::QueuedConnection);
     connect(bar, &QObject::destroyed, this, &QWidget::hide);
-    connect(this, &QScrollBar::valueChanged, bar, &QScrollBar::setValue);
-    connect(this, &QScrollBar::rangeChanged, bar, &QScrollBar::setRange);
+    connect(this, &QScrollBar::valueChanged, bar, [this, bar](int newValue) {
+        if (!m_bTakingOver)
+            bar->setValue(newValue);
+    });
+    connect(this, &QScrollBar::rangeChanged, bar, [this, bar](int newMinimum, int newMaximum) {
+        if (!m_bTakingOver)
+            bar->setRange(newMinimum, newMaximum);
+    });
+    hide(); // so that a parent that is shown later does not show it too
     takeOver();
 }
 
@@ -58,8 +65,22 @@ void CScrollBar::updateVisibility()
     if (!m_pOther)
         return;
     const bool overflows = maximum() > minimum();
-    setVisible(m_policy == Qt::ScrollBarAlwaysOn || (m_policy == Qt::ScrollBarAsNeeded && overflows));
-    raise();
+    const bool wanted = m_policy == Qt::ScrollBarAlwaysOn || (m_policy == Qt::ScrollBarAsNeeded && overflows);
+    if (wanted == isHidden()) {
+        setVisible(wanted);
+        raise();
+    }
+}
+
+// The right edge of a vertical bar, or the bottom edge of a horizontal one, stays where it is.
+void CScrollBar::adjustThickness()
+{
+    QRect place = geometry();
+    if (orientation() == Qt::Vertical)
+        place.setLeft(place.right() + 1 - sizeHint().width());
+    else
+        place.setTop(place.bottom() + 1 - sizeHint().height());
+    setGeometry(place);
 }
 
 void CScrollBar::placeOnParent()
@@ -72,9 +93,10 @@ void CScrollBar::placeOnParent()
 
 bool CScrollBar::event(QEvent* event)
 {
-    if (event->type() == QEvent::Paint)
-        takeOver();
-    return QScrollBar::event(event);
+    const bool result = QScrollBar::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
+        adjustThickness();
+    return result;
 }
 
 bool CScrollBar::eventFilter(QObject* watched, QEvent* event)

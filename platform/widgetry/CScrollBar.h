@@ -31,6 +31,7 @@ protected:
 private:
     void takeOver();
     void updateVisibility();
+    void adjustThickness();
     void placeOnParent();
 
     QPointer<QScrollBar> m_pOther;

@@ -1,8 +1,6 @@
 #include <widgetry/CSeparator.h>
 
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOption>
 
 CSeparator::CSeparator(int margin, QFrame::Shape shape, QWidget* parent)
     : QFrame(parent)
@@ -21,12 +19,7 @@ CSeparator::CSeparator(int margin, QFrame::Shape shape, QWidget* parent)
 
 void CSeparator::paintEvent(QPaintEvent* /*event*/)
 {
-    QPainter painter(this);
-    if (testAttribute(Qt::WA_StyleSheetTarget)) {
-        QStyleOption option;
-        option.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
-    } else {
-        painter.fillRect(rect().marginsRemoved(contentsMargins()), palette().mid());
-    }
+    // Where a style sheet says how the line looks, it has been painted as the background.
+    if (!testAttribute(Qt::WA_StyledBackground))
+        QPainter(this).fillRect(contentsRect(), palette().mid());
 }

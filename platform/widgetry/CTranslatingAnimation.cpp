@@ -57,21 +57,21 @@ void CTranslatingAnimation::setDuration(int milliseconds)
 void CTranslatingAnimation::start(State direction)
 {
     const bool turnsBack = m_state != State::Resting;
-    m_state = direction;
     m_progress.setDirection(direction == State::MovingIn ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    if (turnsBack)
-        return; // the running animation goes on from where it is
-
-    m_place = m_pWidget->pos();
+    if (turnsBack) {
+        m_state = direction; // the running animation goes on from where it is
+        return;
+    }
     if (direction == State::MovingIn) {
-        m_progress.setCurrentTime(0);
         m_pWidget->show();
-        // The layout places the widget before it is painted for the first time.
+        // The layout places the widget now, before it is painted for the first time.
         if (QLayout* const layout = m_pWidget->parentWidget()->layout())
             layout->activate();
-        place();
     }
+    m_place = m_pWidget->pos();
+    m_state = direction;
     m_progress.start();
+    place();
 }
 
 // Ends a slide with the widget in its place.

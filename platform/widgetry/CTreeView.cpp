@@ -4,4 +4,5 @@ CTreeView::CTreeView(QWidget* parent)
     : QTreeView(parent)
 {
     setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_Hover);
 }

@@ -10,8 +10,6 @@ namespace {
 // Pixels between the edit and the bubble, and around the text in the bubble.
 constexpr int gap = 2;
 constexpr int padding = 3;
-// Narrower than this the text is not wrapped to the edit's width.
-constexpr int narrowest = 160;
 
 } // namespace
 
@@ -34,7 +32,6 @@ CWarningTip::CWarningTip(QWidget* edit, QWidget* ground)
 {
     setObjectName(QStringLiteral("WarningTip"));
     setTextFormat(Qt::PlainText);
-    setWordWrap(true);
     setMargin(padding);
     setAutoFillBackground(true);
     setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -57,7 +54,9 @@ void CWarningTip::place()
 {
     QWidget* const ground = parentWidget();
     const QRect field(m_pEdit->mapTo(ground, QPoint()), m_pEdit->size());
-    const int width = std::min({QLabel::sizeHint().width(), std::max(field.width(), narrowest), ground->width()});
+    setWordWrap(false);
+    const int width = std::min(sizeHint().width(), ground->width());
+    setWordWrap(true);
     const int height = heightForWidth(width);
     const int left = std::max(0, std::min(field.left(), ground->width() - width));
     const int below = field.bottom() + 1 + gap;

@@ -19,7 +19,8 @@ public:
 
     void setColor(const QColor& color);
 
-    // Puts the bubble below the edit, or above it where there is no room below, inside the ground.
+    // Puts the bubble below the edit, or above it where there is no room below. The text is wrapped where the ground
+    // is narrower.
     void place();
 
 protected:
