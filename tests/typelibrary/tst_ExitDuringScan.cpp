@@ -4,23 +4,33 @@
 #include <QProcess>
 #include <QRandomGenerator>
 
+namespace {
+
+#if defined(__SANITIZE_THREAD__)
+constexpr int exits = 50; // each takes half a second
+#else
+constexpr int exits = 1'000;
+#endif
+
+} // namespace
+
 // A process may end at any moment of a scan, without a crash and without waiting for it.
 class tst_ExitDuringScan : public StoreFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aThousandExits();
+    void everyExitIsClean();
 };
 
-void tst_ExitDuringScan::aThousandExits()
+void tst_ExitDuringScan::everyExitIsClean()
 {
     for (int i = 0; i < 300; ++i)
         write(QStringLiteral("G%1/%2.rcvp").arg(i % 10).arg(i), QByteArray(20'000, char('a' + i % 26)));
 
     const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/exit_during_scan");
     QRandomGenerator random(4711);
-    for (int run = 0; run < 1'000; ++run) {
+    for (int run = 0; run < exits; ++run) {
         QProcess process;
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(program, {library->path(), QString::number(run % 4), QString::number(random.bounded(3'000))});
