@@ -54,7 +54,7 @@ QVector<Project::PlacedType> placedTypesFrom(const QJsonValue& list, QString& er
 // The keys of a project file that is one and that this program can read.
 QJsonObject documentFrom(const QByteArray& bytes, QString& error)
 {
-    QJsonParseError parsing;
+    QJsonParseError parsing{};
     const QJsonObject keys = QJsonDocument::fromJson(bytes, &parsing).object();
     const int version = keys.value(versionKey).toInt();
     if (parsing.error != QJsonParseError::NoError)

@@ -481,7 +481,8 @@ void tst_TypeFileHeader::survivesBytesWithRightChecksums()
     for (int run = 0; run < 100000; ++run) {
         QByteArray bytes = valid;
         for (auto changes = random() % 4; changes > 0; --changes) {
-            const auto offset = versionOffset + static_cast<int>(random() % (bytes.size() - versionOffset));
+            const auto places = static_cast<unsigned>(bytes.size() - versionOffset);
+            const auto offset = versionOffset + static_cast<int>(random() % places);
             bytes[offset] = static_cast<char>(random() >> 24);
         }
         bytes = sealed(bytes);

@@ -43,7 +43,7 @@ void showRecord(QTextStream& out, const SHwRcvInCabinetInfo& record)
 
 int create(const QStringList& paths, const QCommandLineParser& parser)
 {
-    const QString path = paths.first();
+    const QString& path = paths.first();
     CreateOptions options;
     QString error = options.read(parser);
     if (!error.isEmpty())
@@ -55,7 +55,7 @@ int create(const QStringList& paths, const QCommandLineParser& parser)
 
 int show(const QStringList& paths, const QCommandLineParser& /*parser*/)
 {
-    const QString path = paths.first();
+    const QString& path = paths.first();
     QString error;
     const auto header = TypeFile::readHeader(path, error);
     if (!header)
