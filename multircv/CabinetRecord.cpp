@@ -30,9 +30,7 @@ bool isUnchanged(const SHwRcvInCabinetInfo& record, const CabinetEdit& edit)
             return false;
     }
     // Widened to double: 0.1 as it was typed is not the float that was stored for it.
-    const auto same = [](float stored, double entered) {
-        return !(static_cast<double>(stored) < entered) && !(static_cast<double>(stored) > entered);
-    };
+    const auto same = [](float stored, double entered) { return static_cast<double>(stored) == entered; };
     return same(record.weight, edit.weight) && same(record.power, edit.power) &&
            same(record.voltageMin, edit.voltageMin) && same(record.voltageMax, edit.voltageMax);
 }
