@@ -26,9 +26,8 @@ QWidget* CWarningTip::groundOf(const QWidget* edit)
     return ground;
 }
 
-CWarningTip::CWarningTip(QWidget* edit, QWidget* ground)
-    : QLabel(ground),
-      m_pEdit(edit)
+CWarningTip::CWarningTip(QWidget* edit)
+    : m_pEdit(edit)
 {
     setObjectName(QStringLiteral("WarningTip"));
     setTextFormat(Qt::PlainText);
@@ -36,9 +35,21 @@ CWarningTip::CWarningTip(QWidget* edit, QWidget* ground)
     setAutoFillBackground(true);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    // The edit moves when one of the widgets between it and the ground does.
-    ground->installEventFilter(this);
-    for (QWidget* widget = edit; widget != ground; widget = widget->parentWidget())
+}
+
+void CWarningTip::attach(QWidget* ground)
+{
+    for (QWidget* const widget : qAsConst(m_watched)) {
+        if (widget)
+            widget->removeEventFilter(this);
+    }
+    m_watched.clear();
+    if (parentWidget() != ground)
+        setParent(ground);
+    for (QWidget* widget = m_pEdit; widget != ground; widget = widget->parentWidget())
+        m_watched.append(widget);
+    m_watched.append(ground);
+    for (QWidget* const widget : qAsConst(m_watched))
         widget->installEventFilter(this);
 }
 

@@ -14,8 +14,11 @@ public:
     // Null when `edit` has no ancestor to lie on.
     static QWidget* groundOf(const QWidget* edit);
 
-    // `edit` destroys the bubble, unless the ground has done so before.
-    CWarningTip(QWidget* edit, QWidget* ground);
+    // Hidden at first. `edit` destroys the bubble, unless the ground has done so before.
+    explicit CWarningTip(QWidget* edit);
+
+    // Makes the bubble a child of `ground` and follows the edit there.
+    void attach(QWidget* ground);
 
     void setColor(const QColor& color);
 
@@ -28,4 +31,5 @@ protected:
 
 private:
     QWidget* const m_pEdit;
+    QVector<QPointer<QWidget>> m_watched; // the edit moves on the ground when one of these does
 };

@@ -64,13 +64,18 @@ void CWarningTipLineEdit::setWarningColor(const QColor& color)
     update();
 }
 
+// Only shows and hides: the edit's window may be walking through its children right now.
 void CWarningTipLineEdit::updateTip()
 {
-    delete m_pTip;
     QWidget* const ground = CWarningTip::groundOf(this);
-    if (!ground || !m_bWarning || m_tipText.isEmpty() || !isEnabled() || !isVisible())
+    if (!ground || !m_bWarning || m_tipText.isEmpty() || !isEnabled() || !isVisible()) {
+        if (m_pTip)
+            m_pTip->hide();
         return;
-    m_pTip = new CWarningTip(this, ground);
+    }
+    if (!m_pTip)
+        m_pTip = new CWarningTip(this);
+    m_pTip->attach(ground);
     m_pTip->setColor(m_warningColor);
     m_pTip->setText(m_tipText);
     m_pTip->place();
