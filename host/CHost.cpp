@@ -11,15 +11,17 @@
 
 #include <widgetry/CMessageBox.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QFileDialog>
 
 namespace {
 
 // How often changes on the pages reach the file while the program runs.
-constexpr int saveIntervalMs = 60'000;
+constexpr int saveIntervalMs = 60000;
 
 // How long the closed program waits for a scan, so that the pages' last values can be collected after it.
-constexpr int closeTimeoutMs = 10'000;
+constexpr int closeTimeoutMs = 10000;
 
 // After a dialog was closed the plug-in scans the library anew on a thread of its own: the time that may take to begin.
 constexpr int countDelayMs = 500;
@@ -79,20 +81,36 @@ void CHost::openWindow()
     m_pWindow->restoreGeometry(m_settings.host.windowGeometry);
     m_pWindow->setCloseQuery([this] { return queryClose(); });
 
-    CStatusBar* const status = m_pWindow->status();
+    connectWindow();
+    showProject();
+}
+
+void CHost::connectWindow()
+{
+    CMainWindow* const window = m_pWindow.get();
+    const auto onCommand = [this, window](CMainWindow::Command command, auto function) {
+        connect(window->action(command), &QAction::triggered, this, function);
+    };
+    m_pProjectCommands = std::make_unique<ProjectCommands>(m_project, *window);
+    onCommand(CMainWindow::NewProject, [this] { m_pProjectCommands->create(); });
+    onCommand(CMainWindow::OpenProject, [this] { m_pProjectCommands->open(); });
+    onCommand(CMainWindow::SaveProject, [this] { m_pProjectCommands->save(); });
+    onCommand(CMainWindow::SaveProjectAs, [this] { m_pProjectCommands->saveAs(); });
+    onCommand(CMainWindow::OpenLibrary, [this] { chooseLibrary(); });
+    onCommand(CMainWindow::Preferences, [this] { m_pArea->setCurrentTab(0); });
+    onCommand(CMainWindow::TypeLibrary, [this] { m_pArea->setCurrentTab(1); });
+    onCommand(CMainWindow::HealthSettings, [this] { m_pArea->setCurrentTab(2); });
+    connect(&m_project, &Project::notifyChanged, this, &CHost::showProject);
+
+    CStatusBar* const status = window->status();
     connect(m_pLoader, &CLibraryLoader::notifyLoading, status, [status](const QString& folder) {
         status->setLibraryFolder(folder);
         status->setScanning(true);
     });
     connect(m_pLoader, &CLibraryLoader::notifyLoaded, status, [status] { status->setScanning(false); });
     connect(m_pLoader, &CLibraryLoader::notifyCounted, status, &CStatusBar::setTypeCount);
-    connect(m_pWindow.get(), &CMainWindow::notifyActivated, &m_countTimer, qOverload<>(&QTimer::start));
+    connect(window, &CMainWindow::notifyActivated, &m_countTimer, qOverload<>(&QTimer::start));
     connect(&m_countTimer, &QTimer::timeout, m_pLoader, &CLibraryLoader::count);
-    connect(m_pWindow.get(), &CMainWindow::notifyTabRequested, this, [this](int tab) { m_pArea->setCurrentTab(tab); });
-    connect(m_pWindow.get(), &CMainWindow::notifyLibraryChosen, this, [this](const QString& folder) {
-        m_settings.host.libraryFolder = folder;
-        m_pLoader->load(folder);
-    });
 }
 
 void CHost::installHandler()
@@ -114,9 +132,24 @@ QString CHost::firstLibrary()
     return SampleLibrary::create(folder, HostPaths::samplesFolder()) ? folder : QString();
 }
 
+void CHost::chooseLibrary()
+{
+    const QString folder = QFileDialog::getExistingDirectory(m_pWindow.get(), tr("Open type library"));
+    if (folder.isEmpty())
+        return;
+    m_settings.host.libraryFolder = folder;
+    m_pLoader->load(folder);
+}
+
+void CHost::showProject()
+{
+    m_pWindow->setProject(m_project.name(), m_project.isModified());
+}
+
 void CHost::setLanguage(const QLocale& locale)
 {
     m_catalogues.setLocale(locale);
+    showProject(); // a project without a file has a translated name
     m_settings.host.language = m_catalogues.locale().name();
     QString error;
     if (!write(error))
@@ -144,6 +177,8 @@ bool CHost::queryClose()
         finish(); // asked again while waiting: now
         return true;
     }
+    if (!m_pProjectCommands->mayClose())
+        return false;
     if (m_pLoader->isLoading()) {
         // The worker needs this thread's event loop to come to its end, so the program goes on without a window.
         m_bClosing = true;

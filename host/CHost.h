@@ -2,6 +2,7 @@
 
 #include "host/Catalogues.h"
 #include "host/CommandLine.h"
+#include "host/ProjectCommands.h"
 #include "host/project/Project.h"
 #include "host/settings/SettingsFile.h"
 #include "plugin/interface/SettingArea_Init.h"
@@ -36,6 +37,7 @@ public:
     ISettingInterface* area() const { return m_pArea; }
 
     CLibraryLoader* loader() const { return m_pLoader; }
+    Project* project() { return &m_project; }
 
     // Takes the values from the pages and writes the settings file. Nothing happens while the library is being loaded:
     // the pages are only to be had together with a scan, which would wait for the one that is under way.
@@ -48,8 +50,11 @@ Q_SIGNALS:
 
 private:
     void openWindow();
+    void connectWindow();
     void installHandler();
     QString firstLibrary();
+    void chooseLibrary();
+    void showProject();
     void setLanguage(const QLocale& locale);
     bool queryClose();
     bool saveOrAsk();
@@ -62,6 +67,7 @@ private:
     Catalogues m_catalogues;
     Project m_project;
     std::unique_ptr<CMainWindow> m_pWindow;
+    std::unique_ptr<ProjectCommands> m_pProjectCommands;
     ISettingInterface* m_pArea = nullptr; // the plug-in's, valid until the process ends
     CLibraryLoader* m_pLoader = nullptr;
     QTimer m_saveTimer;

@@ -8,7 +8,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -27,7 +26,6 @@ CMainWindow::CMainWindow(QWidget* parent)
       m_pStatus(new CStatusBar(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(QStringLiteral("Orvel"));
     setMinimumSize(smallestSize);
     resize(firstSize);
 
@@ -61,67 +59,67 @@ void CMainWindow::warn(const QString& text)
 
 void CMainWindow::createMenus()
 {
-    QMenu* const file = addMenu(FileMenu);
-    connect(addAction(file, OpenLibrary, QKeySequence::Open), &QAction::triggered, this, &CMainWindow::chooseLibrary);
-    file->addSeparator();
-    connect(addAction(file, Quit, QKeySequence(Qt::CTRL + Qt::Key_Q)), &QAction::triggered, this, &QWidget::close);
+    addMenu(FileMenu, {NewProject, OpenProject, SaveProject, SaveProjectAs, OpenLibrary, Quit});
+    addMenu(ViewMenu, {Preferences, TypeLibrary, HealthSettings});
+    addMenu(HelpMenu, {About, AboutQt});
+    QMenu* const file = action(FileMenu)->menu();
+    file->insertSeparator(action(OpenLibrary));
+    file->insertSeparator(action(Quit));
 
-    QMenu* const view = addMenu(ViewMenu);
-    int tab = 0;
-    for (const Text id : {Preferences, TypeLibrary, HealthSettings}) {
-        QAction* const action = addAction(view, id, QKeySequence(Qt::CTRL + Qt::Key_1 + tab));
-        connect(action, &QAction::triggered, this, [this, tab] { Q_EMIT notifyTabRequested(tab); });
-        ++tab;
-    }
+    // Not Ctrl+N, Ctrl+I and Ctrl+A: they belong to the type library.
+    action(OpenProject)->setShortcut(QKeySequence::Open);
+    action(SaveProject)->setShortcut(QKeySequence::Save);
+    action(Quit)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
+    action(Preferences)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_1));
+    action(TypeLibrary)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_2));
+    action(HealthSettings)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_3));
 
-    QMenu* const help = addMenu(HelpMenu);
-    connect(addAction(help, About), &QAction::triggered, this, &CMainWindow::showAbout);
-    connect(addAction(help, AboutQt), &QAction::triggered, this, [this] { QMessageBox::aboutQt(this); });
-    m_actions.value(Quit)->setMenuRole(QAction::QuitRole);
-    m_actions.value(About)->setMenuRole(QAction::AboutRole);
-    m_actions.value(AboutQt)->setMenuRole(QAction::AboutQtRole);
+    connect(action(Quit), &QAction::triggered, this, &QWidget::close);
+    connect(action(About), &QAction::triggered, this, &CMainWindow::showAbout);
+    connect(action(AboutQt), &QAction::triggered, this, [this] { QMessageBox::aboutQt(this); });
 }
 
-QMenu* CMainWindow::addMenu(Text id)
+void CMainWindow::addMenu(Command menu, const QVector<Command>& commands)
 {
-    QMenu* const menu = menuBar()->addMenu(QString());
-    m_actions.insert(id, menu->menuAction());
-    return menu;
-}
-
-QAction* CMainWindow::addAction(QMenu* menu, Text id, const QKeySequence& shortcut)
-{
-    QAction* const action = menu->addAction(QString());
-    action->setShortcut(shortcut);
-    m_actions.insert(id, action);
-    return action;
+    QMenu* const popup = menuBar()->addMenu(QString());
+    m_actions.insert(menu, popup->menuAction());
+    for (const Command command : commands)
+        m_actions.insert(command, popup->addAction(QString()));
 }
 
 void CMainWindow::setTexts()
 {
     for (auto it = m_actions.constBegin(); it != m_actions.constEnd(); ++it)
-        it.value()->setText(text(static_cast<Text>(it.key())));
+        it.value()->setText(text(it.key()));
 }
 
-QString CMainWindow::text(Text id) const
+QString CMainWindow::text(Command command)
 {
-    switch (id) {
+    switch (command) {
     case FileMenu:
         return tr("&File");
-    case ViewMenu:
-        return tr("&View");
-    case HelpMenu:
-        return tr("&Help");
+    case NewProject:
+        return tr("&New project");
+    case OpenProject:
+        return tr("&Open project...");
+    case SaveProject:
+        return tr("&Save project");
+    case SaveProjectAs:
+        return tr("Save project &as...");
     case OpenLibrary:
-        return tr("&Open type library...");
+        return tr("Open type &library...");
     case Quit:
         return tr("&Quit");
+    case ViewMenu:
+        return tr("&View");
     case Preferences:
         return tr("&Preferences");
     case TypeLibrary:
         return tr("&Type library");
     case HealthSettings:
         return tr("&Health settings");
+    case HelpMenu:
+        return tr("&Help");
     case About:
         return tr("&About Orvel");
     case AboutQt:
@@ -130,11 +128,10 @@ QString CMainWindow::text(Text id) const
     return {};
 }
 
-void CMainWindow::chooseLibrary()
+void CMainWindow::setProject(const QString& name, bool modified)
 {
-    const QString folder = QFileDialog::getExistingDirectory(this, tr("Open type library"));
-    if (!folder.isEmpty())
-        Q_EMIT notifyLibraryChosen(folder);
+    setWindowTitle(name + QLatin1String("[*]"));
+    setWindowModified(modified);
 }
 
 void CMainWindow::showAbout()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QMap>
 
 #include <functional>
 
@@ -15,6 +16,25 @@ class CMainWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    // The menus and what is in them.
+    enum Command
+    {
+        FileMenu,
+        NewProject,
+        OpenProject,
+        SaveProject,
+        SaveProjectAs,
+        OpenLibrary,
+        Quit,
+        ViewMenu,
+        Preferences,
+        TypeLibrary,
+        HealthSettings,
+        HelpMenu,
+        About,
+        AboutQt,
+    };
+
     explicit CMainWindow(QWidget* parent = nullptr);
 
     // The widget that the settings area is docked in. It has the overlay already.
@@ -25,6 +45,13 @@ public:
 
     CStatusBar* status() const { return m_pStatus; }
 
+    // The command's action; a menu's is the one that opens it. Quit, About and AboutQt do their work by themselves.
+    // Never null, owned by the window.
+    QAction* action(Command command) const { return m_actions.value(command); }
+
+    // Shows the name of the open project in the title.
+    void setProject(const QString& name, bool modified);
+
     // What is asked when the window is to be closed; false keeps it open. Without one the window closes.
     void setCloseQuery(std::function<bool()> query);
 
@@ -32,12 +59,6 @@ public:
     void warn(const QString& text);
 
 Q_SIGNALS:
-    // The user wants to see the tab: 0 "Preferences", 1 "Type library", 2 "Health settings".
-    void notifyTabRequested(int tab);
-
-    // The user has chosen a folder to be the type library.
-    void notifyLibraryChosen(const QString& folder);
-
     // The window has become the active one, for instance because a dialog was closed.
     void notifyActivated();
 
@@ -46,30 +67,14 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    enum Text // what has a text: menus and actions
-    {
-        FileMenu,
-        ViewMenu,
-        HelpMenu,
-        OpenLibrary,
-        Quit,
-        Preferences,
-        TypeLibrary,
-        HealthSettings,
-        About,
-        AboutQt,
-    };
-
     void createMenus();
-    QAction* addAction(QMenu* menu, Text id, const QKeySequence& shortcut = {});
-    QMenu* addMenu(Text id);
+    void addMenu(Command menu, const QVector<Command>& commands);
     void setTexts();
-    QString text(Text id) const;
-    void chooseLibrary();
+    static QString text(Command command);
     void showAbout();
 
     QWidget* m_pDock;
     CStatusBar* m_pStatus;
-    QMap<int, QAction*> m_actions; // by Text; a menu's is the action that opens it
+    QMap<Command, QAction*> m_actions;
     std::function<bool()> m_closeQuery;
 };

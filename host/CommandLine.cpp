@@ -63,7 +63,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
         return refuse(QStringLiteral("Unexpected argument '%1'.").arg(parser.positionalArguments().constFirst()));
     for (const QCommandLineOption& option : {plugin, library, settings, language, tour, tourPass}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
-            return refuse(QStringLiteral("Option '%1' needs a value.").arg(option.names().constFirst()));
+            return refuse(QStringLiteral("Missing value after '--%1'.").arg(option.names().constFirst()));
     }
 
     CommandLine result;

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include <dlfcn.h>
+
 bool PluginLibrary::load(const QStringList& candidates, QString& error)
 {
     const auto found = std::find_if(candidates.begin(), candidates.end(),
@@ -18,10 +20,13 @@ bool PluginLibrary::load(const QStringList& candidates, QString& error)
     QLibrary library(*found);
     // Every symbol is resolved now, so that a plug-in that does not fit fails here and not in the middle of the work.
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    if (library.load())
-        m_init = reinterpret_cast<SettingArea_InitFunction>(library.resolve(SettingArea_InitSymbol));
-    if (!m_init) {
+    if (!library.load()) {
         error = QStringLiteral("%1: %2").arg(*found, library.errorString());
+        return false;
+    }
+    m_init = reinterpret_cast<SettingArea_InitFunction>(library.resolve(SettingArea_InitSymbol));
+    if (!m_init) {
+        error = QString::fromLocal8Bit(::dlerror()); // QLibrary knows no reason; this one begins with the path
         return false;
     }
     m_path = QFileInfo(*found).absoluteFilePath();

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QTextStream>
 
+#include <clocale>
 #include <cstdlib>
 
 namespace {
@@ -19,13 +20,13 @@ constexpr int startFailed = 2;
 
 int openWindow(const CommandLine& commandLine, const PluginLibrary& plugin)
 {
+    const CTerminationSignals termination; // one that comes during the start is not lost
     CHost host(commandLine);
     if (!host.start(plugin.initFunction(), plugin.path())) {
         QTextStream(stderr) << "orvel: " << plugin.path() << ": the plug-in has no settings area to give\n";
         return startFailed;
     }
-    const CTerminationSignals signals;
-    QObject::connect(&signals, &CTerminationSignals::notifyTerminate, host.window(), &QWidget::close);
+    QObject::connect(&termination, &CTerminationSignals::notifyTerminate, host.window(), &QWidget::close);
     QObject::connect(&host, &CHost::notifyFinished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     const int result = QApplication::exec();
     // The plug-in's call cannot be broken off and uses what the end of the program takes down. All is saved by now.
@@ -34,8 +35,11 @@ int openWindow(const CommandLine& commandLine, const PluginLibrary& plugin)
     return result;
 }
 
-int runWindowed(int& argc, char** argv, const CommandLine& commandLine)
+int runWindowed(char* program, const CommandLine& commandLine)
 {
+    // Qt has options of its own, --plugin among them: it gets to see none of ours.
+    int argc = 1;
+    char* argv[] = {program, nullptr};
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
@@ -62,6 +66,7 @@ int runWindowed(int& argc, char** argv, const CommandLine& commandLine)
 
 int main(int argc, char** argv)
 {
+    std::setlocale(LC_ALL, ""); // says how the arguments are encoded, and there is no application object yet
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
@@ -84,5 +89,5 @@ int main(int argc, char** argv)
     case CommandLine::Action::TourPass:
         break;
     }
-    return runWindowed(argc, argv, commandLine);
+    return runWindowed(argv[0], commandLine);
 }

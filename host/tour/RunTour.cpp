@@ -9,7 +9,7 @@
 namespace {
 
 // A pass takes seconds; one that has not ended by then waits for something that does not come.
-constexpr int passTimeoutMs = 120'000;
+constexpr int passTimeoutMs = 120000;
 
 QProcessEnvironment environmentOf(const TourPass& pass)
 {
@@ -48,7 +48,10 @@ QString run(const TourPass& pass, const CommandLine& commandLine)
         return QStringLiteral("the program crashed %1").arg(said).trimmed();
     if (process.exitCode() == 0)
         return {};
-    return said.isEmpty() ? QStringLiteral("exit code %1").arg(process.exitCode()) : said;
+    if (said.isEmpty())
+        return QStringLiteral("exit code %1").arg(process.exitCode());
+    const QString prefix = QStringLiteral("orvel: "); // said already
+    return said.startsWith(prefix) ? said.mid(prefix.size()) : said;
 }
 
 } // namespace

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int timeoutMs = 30'000;
+constexpr int timeoutMs = 30000;
 constexpr int pollIntervalMs = 10;
 
 // The caption that stands for a window manager's title bar.

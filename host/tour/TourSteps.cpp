@@ -4,6 +4,7 @@
 #include "host/tour/TourStage.h"
 #include "plugin/interface/ISettingInterface.h"
 
+#include <QAction>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTreeView>
@@ -50,12 +51,11 @@ bool typeLibrary(TourStage& stage)
     return expand(stage, tree, tree->rootIndex()) && stage.shoot();
 }
 
-// The menu at the place in the menu bar.
-std::function<bool(TourStage&)> menu(int place)
+std::function<bool(TourStage&)> menu(CMainWindow::Command command)
 {
-    return [place](TourStage& stage) {
+    return [command](TourStage& stage) {
         QMenuBar* const bar = stage.window()->menuBar();
-        QAction* const action = bar->actions().at(place);
+        QAction* const action = stage.window()->action(command);
         action->menu()->popup(bar->mapToGlobal(bar->actionGeometry(action).bottomLeft()));
         const bool shot = stage.shoot();
         action->menu()->close();
@@ -65,9 +65,8 @@ std::function<bool(TourStage&)> menu(int place)
 
 bool about(TourStage& stage)
 {
-    QAction* const help = stage.window()->menuBar()->actions().constLast();
-    QAction* const item = help->menu()->actions().constFirst();
-    return stage.inDialog([item] { item->trigger(); }, [&stage](QWidget*) { return stage.shoot(); });
+    QAction* const action = stage.window()->action(CMainWindow::About);
+    return stage.inDialog([action] { action->trigger(); }, [&stage](QWidget*) { return stage.shoot(); });
 }
 
 bool warning(TourStage& stage)
@@ -97,8 +96,8 @@ std::vector<TourStep> tourSteps()
         {"type-library", typeLibrary},
         {"type-library-small-window", smallWindow},
         {"health-settings", page(HealthSettingsTab)},
-        {"file-menu", menu(0)},
-        {"view-menu", menu(1)},
+        {"file-menu", menu(CMainWindow::FileMenu)},
+        {"view-menu", menu(CMainWindow::ViewMenu)},
         {"about", about},
         {"warning", warning},
     };

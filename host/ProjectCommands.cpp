@@ -1,0 +1,71 @@
+#include "host/ProjectCommands.h"
+
+#include "host/CMainWindow.h"
+#include "host/project/Project.h"
+
+#include <widgetry/CMessageBox.h>
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+ProjectCommands::ProjectCommands(Project& project, CMainWindow& window)
+    : m_project(project),
+      m_window(window)
+{
+}
+
+void ProjectCommands::create()
+{
+    if (mayClose())
+        m_project.clear();
+}
+
+void ProjectCommands::open()
+{
+    if (!mayClose())
+        return;
+    const QString folder = QFileInfo(m_project.path()).path();
+    const QString path = QFileDialog::getOpenFileName(&m_window, tr("Open project"), folder, tr("Projects (*.prj)"));
+    if (path.isEmpty())
+        return;
+    QString error;
+    if (!m_project.load(path, error))
+        m_window.warn(tr("The project %1 was not opened: %2").arg(QDir::toNativeSeparators(path), error));
+}
+
+bool ProjectCommands::save()
+{
+    return m_project.path().isEmpty() ? saveAs() : saveTo(m_project.path());
+}
+
+bool ProjectCommands::saveAs()
+{
+    const QString suffix = QStringLiteral(".prj");
+    const QString proposed = m_project.path().isEmpty() ? m_project.name() + suffix : m_project.path();
+    QString path = QFileDialog::getSaveFileName(&m_window, tr("Save project"), proposed, tr("Projects (*.prj)"));
+    if (path.isEmpty())
+        return false;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += suffix;
+    return saveTo(path);
+}
+
+bool ProjectCommands::saveTo(const QString& path)
+{
+    QString error;
+    const bool saved = m_project.save(path, error);
+    if (!saved)
+        m_window.warn(tr("The project %1 was not saved: %2").arg(QDir::toNativeSeparators(path), error));
+    return saved;
+}
+
+bool ProjectCommands::mayClose()
+{
+    if (!m_project.isModified())
+        return true;
+    const int answer = CMessageBox::question(
+        &m_window, tr("The project %1 has changes that are not saved. Save them?").arg(m_project.name()),
+        QStringLiteral("Orvel"), CMessageBox::Yes | CMessageBox::No | CMessageBox::Cancel, CMessageBox::Yes);
+    return answer == CMessageBox::YesResult ? save() : answer == CMessageBox::NoResult;
+}
