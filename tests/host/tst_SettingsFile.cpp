@@ -1,0 +1,280 @@
+#include "host/settings/SettingsFile.h"
+#include "tests/platform/FileFixture.h"
+#include "tests/support/TestObject.h"
+
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+class tst_SettingsFile : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void aMissingFileGivesTheDefaults();
+    void whatIsSavedIsLoaded();
+    void onlyTheOwnerMayRead();
+    void unknownKeysSurviveASave();
+    void thePreviousGenerationIsKept();
+    void nothingIsWrittenWhenNothingHasChanged();
+    void aDamagedFileIsSetAside_data();
+    void aDamagedFileIsSetAside();
+    void theGenerationBeforeADamagedFileIsUsed();
+    void severalDamagedFilesAreKept();
+    void aFileThatWasDamagedMeanwhileIsSetAside();
+    void whatIsNoFileIsSetAside();
+    void aFileOfANewerVersionIsKept();
+    void aFullDiskLeavesTheFile();
+    void aFolderThatCannotBeMade();
+
+private:
+    QString file(const QString& suffix = {}) const
+    {
+        return m_folder->filePath(QStringLiteral("settings.json")) + suffix;
+    }
+    unsigned modeOf(const QString& path) const;
+    StoredSettings load(SettingsFile& settings);
+    void save(SettingsFile& settings, int interval);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QStringList m_messages; // of the last load()
+    QString m_error;
+};
+
+void tst_SettingsFile::init()
+{
+    TestObject::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_messages.clear();
+    m_error.clear();
+}
+
+unsigned tst_SettingsFile::modeOf(const QString& path) const
+{
+    struct stat status = {};
+    ::stat(QFile::encodeName(path).constData(), &status);
+    return status.st_mode & 07777U;
+}
+
+StoredSettings tst_SettingsFile::load(SettingsFile& settings)
+{
+    m_messages.clear();
+    return settings.load(m_messages);
+}
+
+// Saves settings that can be told apart by the refresh interval.
+void tst_SettingsFile::save(SettingsFile& settings, int interval)
+{
+    StoredSettings stored;
+    stored.record.monitoring.nRefreshInterval = interval;
+    QVERIFY2(settings.save(stored, m_error), qPrintable(m_error));
+}
+
+void tst_SettingsFile::aMissingFileGivesTheDefaults()
+{
+    SettingsFile settings(file());
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 10);
+    QCOMPARE(m_messages, QStringList());
+    QVERIFY(!QFile::exists(file()));
+}
+
+void tst_SettingsFile::whatIsSavedIsLoaded()
+{
+    SettingsFile settings(m_folder->filePath(QStringLiteral("a/b/settings.json")));
+    save(settings, 77);
+    SettingsFile other(settings.path());
+    QCOMPARE(load(other).record.monitoring.nRefreshInterval, 77);
+    QCOMPARE(m_messages, QStringList());
+}
+
+void tst_SettingsFile::onlyTheOwnerMayRead()
+{
+    const mode_t mask = ::umask(0);
+    SettingsFile settings(file());
+    save(settings, 11);
+    ::umask(mask);
+    QCOMPARE(modeOf(file()), 0600U);
+
+    QVERIFY(QFile::setPermissions(file(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+    save(settings, 11); // the same again
+    QCOMPARE(modeOf(file()), 0600U);
+
+    QVERIFY(QFile::setPermissions(file(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+    save(settings, 12);
+    QCOMPARE(modeOf(file()), 0600U);
+    QCOMPARE(modeOf(file(QStringLiteral(".bak"))), 0600U);
+}
+
+void tst_SettingsFile::unknownKeysSurviveASave()
+{
+    QVERIFY(writeFile(file(), R"({"later": 5, "monitoring": {"noise": 6, "refreshInterval": 20}})"));
+    SettingsFile settings(file());
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 20);
+    save(settings, 30);
+    const QJsonObject written = QJsonDocument::fromJson(readFile(file())).object();
+    QCOMPARE(written.value(QLatin1String("later")), QJsonValue(5));
+    QCOMPARE(written.value(QLatin1String("monitoring"))[QLatin1String("noise")], QJsonValue(6));
+    QCOMPARE(written.value(QLatin1String("monitoring"))[QLatin1String("refreshInterval")], QJsonValue(30));
+}
+
+void tst_SettingsFile::thePreviousGenerationIsKept()
+{
+    SettingsFile settings(file());
+    save(settings, 11);
+    const QByteArray first = readFile(file());
+    QVERIFY(!QFile::exists(file(QStringLiteral(".bak"))));
+    save(settings, 12);
+    QCOMPARE(readFile(file(QStringLiteral(".bak"))), first);
+}
+
+void tst_SettingsFile::nothingIsWrittenWhenNothingHasChanged()
+{
+    SettingsFile settings(file());
+    save(settings, 11);
+    save(settings, 12);
+    const QByteArray previous = readFile(file(QStringLiteral(".bak")));
+    save(settings, 12);
+    QCOMPARE(readFile(file(QStringLiteral(".bak"))), previous);
+
+    QVERIFY(QFile::remove(file()));
+    save(settings, 12);
+    SettingsFile other(file());
+    QCOMPARE(load(other).record.monitoring.nRefreshInterval, 12);
+}
+
+void tst_SettingsFile::aDamagedFileIsSetAside_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("empty") << QByteArray() << QStringLiteral("it is not valid JSON at byte 0 (illegal value).");
+    QTest::newRow("cut off") << QByteArray(R"({"monitoring": {"refresh)")
+                             << QStringLiteral("it is not valid JSON at byte 25 (unterminated string).");
+    QTest::newRow("garbage") << QByteArray("\x7f\x45\x4c\x46\x00\xff", 6)
+                             << QStringLiteral("it is not valid JSON at byte 1 (illegal value).");
+    QTest::newRow("a list") << QByteArray("[1, 2]") << QStringLiteral("it is not a JSON object.");
+    QTest::newRow("far too large") << QByteArray(5 << 20, ' ')
+                                   << QStringLiteral("The file is longer than 4194304 bytes.");
+}
+
+void tst_SettingsFile::aDamagedFileIsSetAside()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    QVERIFY(writeFile(file(), content));
+    SettingsFile settings(file());
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 10);
+    const QString aside = file(QStringLiteral(".damaged"));
+    QCOMPARE(m_messages, (QStringList{QStringLiteral("The settings file %1 cannot be used: %2").arg(file(), reason),
+                                      QStringLiteral("It was kept as %1.").arg(aside),
+                                      QStringLiteral("All settings start from their defaults.")}));
+    QVERIFY(!QFile::exists(file()));
+    save(settings, 11);
+    QCOMPARE(readFile(aside), content);
+}
+
+void tst_SettingsFile::theGenerationBeforeADamagedFileIsUsed()
+{
+    SettingsFile settings(file());
+    save(settings, 11);
+    save(settings, 12);
+    QVERIFY(writeFile(file(), "{"));
+    SettingsFile other(file());
+    QCOMPARE(load(other).record.monitoring.nRefreshInterval, 11);
+    QCOMPARE(m_messages.constLast(), QStringLiteral("The settings saved before it are used instead."));
+}
+
+void tst_SettingsFile::severalDamagedFilesAreKept()
+{
+    for (const char* content : {"one", "two", "three"}) {
+        QVERIFY(writeFile(file(), content));
+        SettingsFile settings(file());
+        load(settings);
+    }
+    QCOMPARE(readFile(file(QStringLiteral(".damaged"))), QByteArray("one"));
+    QCOMPARE(readFile(file(QStringLiteral(".damaged-2"))), QByteArray("two"));
+    QCOMPARE(readFile(file(QStringLiteral(".damaged-3"))), QByteArray("three"));
+}
+
+void tst_SettingsFile::aFileThatWasDamagedMeanwhileIsSetAside()
+{
+    SettingsFile settings(file());
+    save(settings, 11);
+    QVERIFY(writeFile(file(), "not ours"));
+    save(settings, 12);
+    QCOMPARE(readFile(file(QStringLiteral(".damaged"))), QByteArray("not ours"));
+    SettingsFile other(file());
+    QCOMPARE(load(other).record.monitoring.nRefreshInterval, 12);
+}
+
+void tst_SettingsFile::whatIsNoFileIsSetAside()
+{
+    QVERIFY(makeFifo(file())); // nothing may wait on it
+    SettingsFile settings(file());
+    load(settings);
+    QCOMPARE(m_messages.size(), 3);
+    QVERIFY(QDir().mkpath(file(QStringLiteral("/inside"))));
+    load(settings);
+    QCOMPARE(m_messages.size(), 3);
+    QVERIFY(QFileInfo(file(QStringLiteral(".damaged-2/inside"))).isDir());
+    save(settings, 11);
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 11);
+}
+
+void tst_SettingsFile::aFileOfANewerVersionIsKept()
+{
+    const QByteArray newer = R"({"version": 2, "monitoring": {"refreshInterval": 20}, "invention": true})";
+    QVERIFY(writeFile(file(), newer));
+    SettingsFile settings(file());
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 20);
+    QCOMPARE(m_messages,
+             QStringList{QStringLiteral(
+                 "The settings were saved by a newer version of Orvel. What this version does not know is kept.")});
+    QCOMPARE(readFile(file()), newer); // loading changes nothing
+    save(settings, 30);
+    save(settings, 40);
+    QCOMPARE(readFile(file(QStringLiteral(".newer"))), newer);
+    QVERIFY(!QFile::exists(file(QStringLiteral(".newer-2"))));
+    const QJsonObject written = QJsonDocument::fromJson(readFile(file())).object();
+    QCOMPARE(written.value(QLatin1String("version")), QJsonValue(1));
+    QCOMPARE(written.value(QLatin1String("invention")), QJsonValue(true));
+    load(settings);
+    QCOMPARE(m_messages, QStringList());
+}
+
+void tst_SettingsFile::aFullDiskLeavesTheFile()
+{
+    SettingsFile settings(file());
+    save(settings, 11);
+    save(settings, 12);
+    const QByteArray current = readFile(file());
+    const QByteArray previous = readFile(file(QStringLiteral(".bak")));
+    StoredSettings large;
+    large.record.email.strPassword = QString(100'000, QLatin1Char('p'));
+    // In the middle of the copy of the old file, and in the middle of the new one.
+    for (const rlim_t bytes : {rlim_t(100), rlim_t(current.size() + 1000)}) {
+        {
+            const DiskIsFull full(bytes);
+            QVERIFY(!settings.save(large, m_error));
+        }
+        QCOMPARE(m_error, QStringLiteral("The file could not be written whole; perhaps the disk is full."));
+        QCOMPARE(readFile(file()), current);
+    }
+    QCOMPARE(previous.size(), current.size());
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files),
+             (QStringList{QStringLiteral("settings.json"), QStringLiteral("settings.json.bak")}));
+    QVERIFY(settings.save(large, m_error)); // once there is room again
+}
+
+void tst_SettingsFile::aFolderThatCannotBeMade()
+{
+    QVERIFY(writeFile(file(), "a file"));
+    SettingsFile settings(file(QStringLiteral("/settings.json")));
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 10);
+    QVERIFY(!settings.save({}, m_error));
+    QCOMPARE(m_error, QStringLiteral("The folder %1 cannot be created.").arg(file()));
+    QCOMPARE(readFile(file()), QByteArray("a file"));
+}
+
+SETTINGAREA_TEST_MAIN(tst_SettingsFile, QCoreApplication)
+#include "tst_SettingsFile.moc"
