@@ -1,61 +1,24 @@
 #include "monitoring/CMonitoringSettings.h"
-#include "plugin/CSettingArea.h"
 #include "plugin/SettingHandler.h"
 #include "preferences/CPreferencesSettings.h"
-#include "shortcut/CShortcutPanel.h"
-#include "tests/support/FakeHandler.h"
-#include "tests/support/TestObject.h"
+#include "tests/support/AreaFixture.h"
 #include "typelibrary/CTypeLibrarySetting.h"
 
 #include <QApplication>
-#include <QDockWidget>
-#include <QMainWindow>
 #include <QPainter>
-#include <QScrollArea>
 #include <QStackedLayout>
-#include <QStackedWidget>
-#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QTreeView>
-#include <QVBoxLayout>
+
+#include <thread>
 
 namespace {
 
-CSettingArea& area()
-{
-    return CSettingArea::instance();
-}
-
-QTabBar* tabBar()
-{
-    return area().findChild<QTabBar*>(QStringLiteral("SettingAreaTabBar"));
-}
-
 QStackedLayout* pageStack()
 {
-    return area().findChild<QStackedLayout*>();
+    return CSettingArea::instance().findChild<QStackedLayout*>();
 }
-
-// A host's window with an overlay that fills its central widget.
-struct HostWindow
-{
-    HostWindow()
-    {
-        window.setCentralWidget(new QWidget);
-        overlay = new QWidget(new QWidget(window.centralWidget()));
-        overlay->setObjectName(QStringLiteral("OverLay"));
-        overlay->parentWidget()->resize(900, 600);
-        overlay->resize(900, 600);
-        overlayLayout = new QVBoxLayout(overlay);
-    }
-
-    CShortcutPanel* panel() const { return overlay->findChild<CShortcutPanel*>(); }
-
-    QMainWindow window;
-    QWidget* overlay;
-    QVBoxLayout* overlayLayout;
-};
 
 // A handler of a kind that the settings area does not know.
 class OtherHandler : public IAbstractInterfaceHandler
@@ -74,15 +37,12 @@ public:
 
 } // namespace
 
-class tst_CSettingArea : public TestObject
+class tst_CSettingArea : public AreaFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void init();
-    void cleanup();
-
     void basesAndNames();
     void tabsInOrder();
     void geometry();
@@ -91,55 +51,22 @@ private Q_SLOTS:
     void languageChangeRetitlesTheTabs();
     void styleSheetPaintsTheBackground();
     void alwaysValid();
-
-    void withoutMainWindowThereIsNoPanel();
-    void withoutOverlayThereIsNoPanel();
-    void onlyTheFirstMainWindowCounts();
-    void panelLiesOnTheOverlay();
-    void shortcutClickSlidesThePanelIn();
-    void closeShortcutPanelTellsTheHost();
-    void closeShortcutPanelWhenHiddenTellsNobody();
-    void panelComesWithTheNextWindow();
-
     void recordComesBack();
     void recordKeepsWhatNoPageShows();
     void pushingTheRecordItself();
     void getSettingsRescansTheLibrary();
     void setSettingsRescansTheLibrary();
-
     void handlerIsOwnedAndReplaced();
     void sameHandlerTwice();
     void otherHandlerIsNeverCalled();
-
     void typeLibraryPathFromAWorker();
     void typeLibraryPathOnTheGuiThread();
     void controlsEnabledReachTheTree();
-
-    void survivesItsParent_data();
-    void survivesItsParent();
-    void thousandDockings();
 };
 
 void tst_CSettingArea::initTestCase()
 {
     QVERIFY(QApplication::topLevelWidgets().isEmpty());
-}
-
-void tst_CSettingArea::init()
-{
-    TestObject::init();
-    area().setHandler(nullptr);
-    area().setSettings(SSettings());
-    area().setCurrentTab(0);
-}
-
-void tst_CSettingArea::cleanup()
-{
-    area().setParent(nullptr);
-    area().setTypeLibraryPath(QString());
-    area().setStyleSheet(QString());
-    area().resize(1000, 700);
-    TestObject::cleanup();
 }
 
 void tst_CSettingArea::basesAndNames()
@@ -244,101 +171,6 @@ void tst_CSettingArea::alwaysValid()
 {
     QVERIFY(area().initialize());
     QVERIFY(area().isValid());
-}
-
-void tst_CSettingArea::withoutMainWindowThereIsNoPanel()
-{
-    area().attachShortcutPanel();
-    QVERIFY(!area().findChild<CShortcutPanel*>());
-    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
-    for (const QWidget* widget : QApplication::allWidgets())
-        QVERIFY(!qobject_cast<const CShortcutPanel*>(widget));
-}
-
-void tst_CSettingArea::withoutOverlayThereIsNoPanel()
-{
-    QMainWindow window;
-    area().attachShortcutPanel();
-    window.setCentralWidget(new QWidget);
-    area().attachShortcutPanel();
-    QVERIFY(!window.findChild<CShortcutPanel*>());
-    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
-}
-
-void tst_CSettingArea::onlyTheFirstMainWindowCounts()
-{
-    // The order of the top-level widgets is Qt's; whichever window comes first decides.
-    QMainWindow bare;
-    HostWindow host;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const bool hostIsFirst = windows.indexOf(&host.window) < windows.indexOf(&bare);
-    area().attachShortcutPanel();
-    QCOMPARE(host.panel() != nullptr, hostIsFirst);
-}
-
-void tst_CSettingArea::panelLiesOnTheOverlay()
-{
-    HostWindow host;
-    area().attachShortcutPanel();
-    QVERIFY(host.panel());
-    QCOMPARE(host.panel()->parentWidget(), host.overlay);
-    QVERIFY(host.overlayLayout->indexOf(host.panel()) >= 0);
-    QVERIFY(!host.panel()->isVisible());
-    area().attachShortcutPanel();
-    QCOMPARE(host.overlay->findChildren<CShortcutPanel*>().size(), 1);
-}
-
-void tst_CSettingArea::shortcutClickSlidesThePanelIn()
-{
-    HostWindow host;
-    auto* const handler = new FakeHandler;
-    area().setHandler(handler);
-    area().attachShortcutPanel();
-    host.window.show();
-    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
-    QTRY_COMPARE(handler->calls(), QStringList({QStringLiteral("notifyShortcutPanelVisible(1)")}));
-    QVERIFY(host.panel()->isVisible());
-}
-
-void tst_CSettingArea::closeShortcutPanelTellsTheHost()
-{
-    HostWindow host;
-    auto* const handler = new FakeHandler;
-    area().setHandler(handler);
-    area().attachShortcutPanel();
-    host.window.show();
-    host.panel()->show();
-    area().closeShortcutPanel();
-    QVERIFY(!host.panel()->isVisible());
-    QCOMPARE(handler->calls(), QStringList({QStringLiteral("notifyShortcutPanelVisible(0)")}));
-    area().setHandler(nullptr);
-    host.panel()->show();
-    area().closeShortcutPanel();
-    QVERIFY(!host.panel()->isVisible());
-}
-
-void tst_CSettingArea::closeShortcutPanelWhenHiddenTellsNobody()
-{
-    HostWindow host;
-    auto* const handler = new FakeHandler;
-    area().setHandler(handler);
-    area().closeShortcutPanel(); // there is no panel
-    area().attachShortcutPanel();
-    host.window.show();
-    area().closeShortcutPanel();
-    QVERIFY(handler->calls().isEmpty());
-}
-
-void tst_CSettingArea::panelComesWithTheNextWindow()
-{
-    for (int i = 0; i < 2; ++i) {
-        HostWindow host;
-        area().attachShortcutPanel();
-        QVERIFY(host.panel());
-        area().setParent(host.window.centralWidget());
-    }
-    QCOMPARE(area().parentWidget(), nullptr);
-    area().closeShortcutPanel();
 }
 
 void tst_CSettingArea::recordComesBack()
@@ -527,108 +359,6 @@ void tst_CSettingArea::controlsEnabledReachTheTree()
     QCOMPARE(tree->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::NoEditTriggers));
     area().setControlsEnabled(true);
     QCOMPARE(tree->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::EditKeyPressed));
-}
-
-void tst_CSettingArea::survivesItsParent_data()
-{
-    QTest::addColumn<int>("way");
-    QTest::newRow("parent") << 0;
-    QTest::newRow("grandparent") << 1;
-    QTest::newRow("central widget of a main window") << 2;
-    QTest::newRow("central widget replaced") << 3;
-    QTest::newRow("dock widget") << 4;
-    QTest::newRow("scroll area") << 5;
-    QTest::newRow("stacked widget") << 6;
-    QTest::newRow("deleted later") << 7;
-    QTest::newRow("moved by a layout") << 8;
-}
-
-void tst_CSettingArea::survivesItsParent()
-{
-    QFETCH(int, way);
-    switch (way) {
-    case 0: {
-        QWidget parent;
-        area().setParent(&parent);
-        parent.show();
-        break;
-    }
-    case 1: {
-        QWidget grandparent;
-        area().setParent(new QWidget(new QWidget(&grandparent)));
-        break;
-    }
-    case 2: {
-        QMainWindow window;
-        window.setCentralWidget(&area());
-        window.show();
-        break;
-    }
-    case 3: {
-        QMainWindow window;
-        window.setCentralWidget(&area());
-        window.setCentralWidget(new QWidget);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        break;
-    }
-    case 4: {
-        QMainWindow window;
-        auto* const dock = new QDockWidget(&window);
-        dock->setWidget(&area());
-        window.addDockWidget(Qt::LeftDockWidgetArea, dock);
-        break;
-    }
-    case 5: {
-        QScrollArea scrollArea;
-        scrollArea.setWidget(&area());
-        break;
-    }
-    case 6: {
-        QStackedWidget stack;
-        stack.addWidget(&area());
-        break;
-    }
-    case 7: {
-        auto* const parent = new QWidget;
-        area().setParent(parent);
-        parent->deleteLater();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        break;
-    }
-    default: {
-        QWidget first;
-        area().setParent(&first);
-        QWidget second;
-        (new QVBoxLayout(&second))->addWidget(&area());
-        break;
-    }
-    }
-    QCOMPARE(area().parentWidget(), nullptr);
-    QVERIFY(!area().isVisible());
-    QCOMPARE(tabBar()->count(), 3);
-    area().setCurrentTab(1);
-    QWidget next;
-    area().setParent(&next);
-    next.show();
-    area().show();
-    QVERIFY(area().isVisible());
-}
-
-void tst_CSettingArea::thousandDockings()
-{
-    for (int i = 0; i < 1'000; ++i) {
-        HostWindow host;
-        area().attachShortcutPanel();
-        area().setParent(host.window.centralWidget());
-        if (i % 3 == 0) {
-            host.window.show();
-            area().show();
-            host.panel()->moveIn();
-            QCoreApplication::processEvents();
-        }
-    }
-    QCOMPARE(area().parentWidget(), nullptr);
-    QCOMPARE(tabBar()->count(), 3);
 }
 
 SETTINGAREA_TEST_MAIN(tst_CSettingArea, QApplication)
