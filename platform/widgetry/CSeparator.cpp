@@ -5,7 +5,8 @@
 CSeparator::CSeparator(int margin, QFrame::Shape shape, QWidget* parent)
     : QFrame(parent)
 {
-    setFrameStyle(shape | QFrame::Plain);
+    setFrameShape(shape);
+    setFrameShadow(QFrame::Plain);
     if (shape == QFrame::VLine) {
         setContentsMargins(0, margin, 0, margin);
         setFixedWidth(1);
