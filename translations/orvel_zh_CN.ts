@@ -73,7 +73,7 @@ Quit anyway?</source>
     </message>
     <message>
         <source>&amp;Health settings</source>
-        <translation>健康监控设置(&amp;H)</translation>
+        <translation>健康监控(&amp;H)</translation>
     </message>
     <message>
         <source>&amp;Help</source>

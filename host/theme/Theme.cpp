@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double fontPoints = 9.75; // 13 pixels at 96 dots per inch
+constexpr double fontPoints = 9; // 12 pixels at 96 dots per inch
 
 constexpr QColor page(26, 26, 30);
 constexpr QColor panel(41, 41, 45);
