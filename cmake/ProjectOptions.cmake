@@ -41,8 +41,9 @@ target_compile_options(
   settingarea_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${SETTINGAREA_WERROR}>:-Werror>
 )
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  # Qt's qCWarning(category) << ... and QSKIP("...") leave the last macro argument out.
-  target_compile_options(settingarea_options INTERFACE -Wno-gnu-zero-variadic-macro-arguments)
+  # What Qt 5 asks for: qCWarning(category) << ... and QSKIP("...") leave the last macro argument out, and key sequences
+  # and frame styles are made of two enumerations.
+  target_compile_options(settingarea_options INTERFACE -Wno-gnu-zero-variadic-macro-arguments -Wno-enum-enum-conversion)
 endif()
 # Includes name a file by its path from the root of the tree, so a reader sees which floor it comes from.
 target_include_directories(settingarea_options INTERFACE "${PROJECT_SOURCE_DIR}")

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QPainter>
+#include <QPointer>
 #include <QThread>
 #include <QTimer>
 

@@ -5,6 +5,7 @@
 #include "plugin/interface/ISettingInterface.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTreeView>
