@@ -1,6 +1,7 @@
 #include <widgetry/CSeparator.h>
 
 #include <QPainter>
+#include <QStyle>
 
 CSeparator::CSeparator(int margin, QFrame::Shape shape, QWidget* parent)
     : QFrame(parent)
@@ -20,7 +21,8 @@ CSeparator::CSeparator(int margin, QFrame::Shape shape, QWidget* parent)
 
 void CSeparator::paintEvent(QPaintEvent* /*event*/)
 {
-    // Where a style sheet says how the line looks, it has been painted as the background.
-    if (!testAttribute(Qt::WA_StyledBackground))
+    // Where a style sheet says how the line looks, it has been painted as the background. The attribute alone does not
+    // tell: it stays when the style sheet is taken away.
+    if (!testAttribute(Qt::WA_StyledBackground) || !style()->inherits("QStyleSheetStyle"))
         QPainter(this).fillRect(contentsRect(), palette().mid());
 }

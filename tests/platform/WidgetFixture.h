@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QTimer>
 #include <QTranslator>
+#include <QWheelEvent>
+#include <QWidget>
 
 // Calls `answer` with the modal widget that the next statement opens.
 template<typename Answer>
@@ -16,11 +18,19 @@ void whenModal(Answer answer)
     });
 }
 
+// Turns the wheel over the middle of `widget`, in eighths of a degree. True when the widget took the event.
+inline bool sendWheel(QWidget* widget, int angle)
+{
+    const QPoint center = widget->rect().center();
+    QWheelEvent event(center, widget->mapToGlobal(center), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(widget, &event);
+    return event.isAccepted();
+}
+
 // While it lives, the texts of the library appear in a made-up language: "Next" as "<Next: a longer translation>".
 class OtherLanguage : public QTranslator
 {
-    Q_OBJECT
-
 public:
     OtherLanguage() { QCoreApplication::installTranslator(this); }
     ~OtherLanguage() override { QCoreApplication::removeTranslator(this); }

@@ -1,3 +1,4 @@
+#include "tests/platform/WidgetFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <widgetry/CScrollBar.h>
@@ -161,9 +162,7 @@ void tst_CScrollBar::mouseAndWheelScrollTheTable()
     QTest::mouseClick(t.bar, Qt::LeftButton, Qt::NoModifier, {t.bar->width() / 2, t.bar->height() * 3 / 4});
     QCOMPARE(t.table.verticalScrollBar()->value(), t.table.verticalScrollBar()->pageStep());
     QCOMPARE(t.table.rowAt(0), t.table.verticalScrollBar()->pageStep());
-    QWheelEvent wheel({5, 50}, t.bar->mapToGlobal({5, 50}), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(t.bar, &wheel);
+    QVERIFY(sendWheel(t.bar, 120));
     QVERIFY(t.table.verticalScrollBar()->value() < t.table.verticalScrollBar()->pageStep());
     QCOMPARE(t.bar->value(), t.table.verticalScrollBar()->value());
 }
