@@ -100,15 +100,14 @@ void CMultiRcvCabinetSetThirdPage::addBox(Value value, float stored)
 void CMultiRcvCabinetSetThirdPage::layoutWidgets()
 {
     auto* const voltage = new QHBoxLayout;
+    voltage->setSpacing(8);
     voltage->addWidget(m_boxes[VoltageMin].pBox, 1);
     voltage->addWidget(new QLabel(QStringLiteral("\u2013"), this));
     voltage->addWidget(m_boxes[VoltageMax].pBox, 1);
 
     for (QWidget* const field : {static_cast<QWidget*>(m_pTypeName), static_cast<QWidget*>(m_boxes[Weight].pBox),
                                  static_cast<QWidget*>(m_boxes[Power].pBox)})
-        field->setFixedWidth(fieldWidth);
-    for (const Value value : {VoltageMin, VoltageMax})
-        m_boxes[value].pBox->setMinimumWidth(0);
+        field->setMaximumWidth(fieldWidth);
 
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);

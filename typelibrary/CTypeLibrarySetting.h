@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class CProductTreeView;
+class QToolButton;
 
 // The "Type library" page. [GUI thread]
 class CTypeLibrarySetting : public QWidget
@@ -18,6 +19,13 @@ public:
     // Allows or forbids changes of the library.
     void setEditable(bool editable);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void setTexts();
+    void createMultiRcvCabinet();
+
     CProductTreeView* const m_pView;
+    QToolButton* const m_pMultiRcvCabinet;
 };
