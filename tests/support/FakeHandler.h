@@ -27,6 +27,9 @@ public:
     std::function<void(const QString&, SHwRcvInCabinetInfo&)> cabinet = [](const QString&, SHwRcvInCabinetInfo&) {};
     std::function<QSize(const QString&)> resolution = [](const QString&) { return QSize(128, 64); };
     std::array<std::int64_t, 4> block{11, 12, 13, 14};
+    // What writing a record into a type file does.
+    std::function<void(const QString&, const SHwRcvInCabinetInfo&)> write = [](const QString&,
+                                                                               const SHwRcvInCabinetInfo&) {};
     std::function<void()> destroyed;
 
     // The calls so far, as "operation(argument)".
@@ -94,9 +97,10 @@ public:
         recordQuery("readCabinetInfo", path);
         cabinet(path, info);
     }
-    void writeCabinetInfo(const QString& path, const SHwRcvInCabinetInfo& /*info*/) override
+    void writeCabinetInfo(const QString& path, const SHwRcvInCabinetInfo& info) override
     {
         record(QStringLiteral("writeCabinetInfo(%1)").arg(path));
+        write(path, info);
     }
     void queryCabinetResolution(const QString& path, int& width, int& height) override
     {
