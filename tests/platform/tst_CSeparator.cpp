@@ -90,7 +90,7 @@ void tst_CSeparator::ownStyleSheet()
     QCOMPARE(w.line->size(), QSize(1, 40));
     QCOMPARE(w.colours({0, 20, 39}), QVector<QRgb>(3, qRgb(57, 57, 64)));
     w.line->setStyleSheet(QString());
-    QCOMPARE(w.colours({0, 20, 39}), QVector<QRgb>(3, mid));
+    QCOMPARE(w.colours({0, 20, 39}), QVector<QRgb>(3, w.line->palette().color(QPalette::Mid).rgb()));
 }
 
 void tst_CSeparator::applicationStyleSheet()
