@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -158,10 +159,11 @@ void CMessageBox::fitText()
 {
     const QSizeF room = QSizeF(screen()->availableSize()) * largestShare;
     const int character = m_pText->fontMetrics().averageCharWidth();
-    QTextDocument* const document = m_pText->document();
-    document->setTextWidth(-1);
-    const double width = std::clamp<double>(document->idealWidth(), narrowest * character,
-                                            std::min<double>(widest * character, room.width()));
+    const int natural = m_pText->fontMetrics().size(Qt::TextExpandTabs, text()).width() + 1;
+    const double width =
+        std::clamp<double>(natural, narrowest * character, std::min<double>(widest * character, room.width()));
+    // Not the shown document: that one is laid out anew for every size that the text has on the way.
+    const std::unique_ptr<QTextDocument> document(m_pText->document()->clone());
     document->setTextWidth(std::ceil(width));
 
     const bool scrolls = document->size().height() > room.height();

@@ -5,7 +5,7 @@
 namespace {
 
 // Characters after which a text without spaces may be broken: a file name can be wider than the screen.
-constexpr int longestRun = 40;
+constexpr int longestRun = 20;
 
 } // namespace
 

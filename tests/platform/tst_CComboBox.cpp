@@ -72,7 +72,7 @@ void tst_CComboBox::listWithScrollBar()
 {
     QString entry;
     for (int i = 0; i < 30; ++i) {
-        entry = QStringLiteral("One of many long entries of the list: number %1").arg(i);
+        entry = QStringLiteral("A long entry: number %1").arg(i);
         m_comboBox->addItem(entry);
     }
     m_comboBox->setFixedWidth(60);

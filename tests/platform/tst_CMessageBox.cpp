@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextEdit>
+#include <QtMath>
 
 #include <functional>
 
@@ -73,6 +74,7 @@ private Q_SLOTS:
     void parentMayBeDestroyed();
     void parentMayBeHidden();
     void longTextStaysOnScreen();
+    void longWordIsBroken_data();
     void longWordIsBroken();
     void followsLanguage();
     void defaultsOfQuestion();
@@ -256,6 +258,13 @@ void tst_CMessageBox::longTextStaysOnScreen()
     CMessageBox::information(nullptr, text, title);
 }
 
+void tst_CMessageBox::longWordIsBroken_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("Latin") << QString(100, QLatin1Char('W'));
+    QTest::newRow("Chinese") << QString(100, QChar(0x7bb1));
+}
+
 void tst_CMessageBox::longWordIsBroken()
 {
     whenBox([](CMessageBox& box) {
@@ -264,9 +273,11 @@ void tst_CMessageBox::longWordIsBroken()
         QCOMPARE(edit->horizontalScrollBar()->maximum(), 0);
         QCOMPARE(edit->verticalScrollBar()->maximum(), 0);
         QVERIFY(edit->height() > 2 * edit->fontMetrics().height());
+        QCOMPARE(edit->height(), qCeil(edit->document()->size().height()));
         press(CMessageBox::Ok)(box);
     });
-    CMessageBox::information(nullptr, QString(255, QLatin1Char('W')), title);
+    QFETCH(QString, text);
+    CMessageBox::information(nullptr, text, title);
 }
 
 void tst_CMessageBox::followsLanguage()

@@ -91,7 +91,7 @@ void tst_CToolTip::longNameIsBroken()
 void tst_CToolTip::breaksNoCharacter()
 {
     // Characters outside the basic plane take two code units each.
-    QString name(39, QLatin1Char('n'));
+    QString name(19, QLatin1Char('n'));
     for (int i = 0; i < 50; ++i)
         name.append(QStringLiteral("\U0001F600"));
     const QChar zeroWidthSpace(0x200b);
