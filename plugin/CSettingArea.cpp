@@ -53,6 +53,18 @@ QWidget* hostOverlay()
     return nullptr;
 }
 
+// Runs what may throw, for want of memory or because a host query did. The host is another build than the plug-in, so
+// no exception may reach it; what was not finished is made up for by the next scan.
+template<typename Function>
+void withinHost(Function function) noexcept
+{
+    try {
+        function();
+    } catch (...) {
+        // Nobody to tell: the host sees it by the result, the user by the tree.
+    }
+}
+
 } // namespace
 
 std::shared_ptr<ISettingInterfaceHandler> settingHandler()
@@ -153,8 +165,8 @@ void CSettingArea::setSettings(const SSettings& settings)
         m_pShortcutPanel->setShortcuts(settings.layoutShortcuts, settings.softEdgeShortcuts);
 
     // While a worker is still in setTypeLibraryPath(), its scan is the fresh one and the GUI thread need not wait.
-    if (m_bTypeLibraryReady)
-        CTypeLibrary::instance().updateLibrary();
+    if (isTypeLibraryReady())
+        withinHost([] { CTypeLibrary::instance().updateLibrary(); });
 }
 
 SSettings* CSettingArea::getSettings()
@@ -169,27 +181,38 @@ SSettings* CSettingArea::getSettings()
     m_settings.monitoring = monitoring;
     m_settings.email = m_pMonitoring->emailSettings();
 
-    CTypeLibrary& library = CTypeLibrary::instance();
-    library.updateLibrary();
-    m_settings.typeLibraryTree = library.nodes();
+    withinHost([this] {
+        CTypeLibrary& library = CTypeLibrary::instance();
+        library.updateLibrary();
+        m_settings.typeLibraryTree = library.nodes();
+    });
     return &m_settings;
 }
 
 bool CSettingArea::setTypeLibraryPath(const QString& path)
 {
-    m_bTypeLibraryReady = false;
-    CTypeLibrary& library = CTypeLibrary::instance();
-    library.setRootPath(path);
-    // On the GUI thread itself a blocking queued call would wait for ever.
-    const auto type = QThread::currentThread() == thread() ? Qt::DirectConnection : Qt::BlockingQueuedConnection;
-    const bool shown = QMetaObject::invokeMethod(m_pTypeLibrary, "setData", type, Q_ARG(QString, path));
+    ++m_nPathsUnderWay;
+    bool shown = false;
+    withinHost([&] {
+        CTypeLibrary& library = CTypeLibrary::instance();
+        library.setRootPath(path);
+        // On the GUI thread itself a blocking queued call would wait for ever.
+        const auto type = QThread::currentThread() == thread() ? Qt::DirectConnection : Qt::BlockingQueuedConnection;
+        // Another thread may set another folder meanwhile: whoever shows a folder last shows the store's.
+        QString shownPath;
+        do {
+            shownPath = library.rootPath();
+            shown = QMetaObject::invokeMethod(m_pTypeLibrary, "setData", type, Q_ARG(QString, shownPath));
+        } while (shown && library.rootPath() != shownPath);
+    });
     m_bTypeLibraryReady = true;
+    --m_nPathsUnderWay;
     return shown;
 }
 
 bool CSettingArea::isTypeLibraryReady()
 {
-    return m_bTypeLibraryReady;
+    return m_bTypeLibraryReady && m_nPathsUnderWay == 0;
 }
 
 void CSettingArea::setCurrentTab(int index)
@@ -199,7 +222,9 @@ void CSettingArea::setCurrentTab(int index)
 
 std::vector<SSettings::TypeLibrary::STreeNode> CSettingArea::getTypeLibrary()
 {
-    return CTypeLibrary::instance().nodes();
+    std::vector<SSettings::TypeLibrary::STreeNode> nodes;
+    withinHost([&] { nodes = CTypeLibrary::instance().nodes(); });
+    return nodes;
 }
 
 void CSettingArea::syncLanguageWithLocale()

@@ -62,7 +62,8 @@ private:
     CPreferencesSettings* m_pPreferences = nullptr;
     CTypeLibrarySetting* m_pTypeLibrary = nullptr;
     CMonitoringSettings* m_pMonitoring = nullptr;
-    QPointer<CShortcutPanel> m_pShortcutPanel; // owned by the overlay; null when the host has none
-    std::atomic_bool m_bTypeLibraryReady{false};
+    QPointer<CShortcutPanel> m_pShortcutPanel;   // owned by the overlay; null when the host has none
+    std::atomic_bool m_bTypeLibraryReady{false}; // a setTypeLibraryPath() has finished
+    std::atomic_int m_nPathsUnderWay{0};         // setTypeLibraryPath() calls that have not
     QMetaObject::Connection m_parentDestroyed;
 };

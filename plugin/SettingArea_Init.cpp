@@ -8,11 +8,10 @@ bool SettingArea_Init(IAbstractControlInterface** control, QWidget* parent)
         return false;
     try {
         CSettingArea& area = CSettingArea::instance();
-        ISettingInterface* const settings = &area;
-        *control = settings;
-        (*control)->widget()->setParent(parent);
+        area.widget()->setParent(parent);
         // A host that comes with a new main window brings a new overlay.
         area.attachShortcutPanel();
+        *control = static_cast<ISettingInterface*>(&area);
     } catch (...) {
         return false; // the host is another build: no exception may reach it
     }

@@ -24,11 +24,12 @@ bool isFreeOfTypes(const QString& folder)
     return true;
 }
 
-// Names that would move the entry elsewhere or hide it. Renaming to one fails like renaming to a name that is taken.
+// Names that would move the entry elsewhere or leave it without one. Renaming to such a name fails like renaming to a
+// name that is taken.
 bool isUsableName(const QString& name)
 {
-    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) && !name.contains(QLatin1Char('/')) &&
-           !name.contains(QChar::Null);
+    return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
+           !name.contains(QLatin1Char('/')) && !name.contains(QChar::Null);
 }
 
 } // namespace
@@ -100,15 +101,14 @@ bool CProductTreeModel::setData(const QModelIndex& index, const QVariant& value,
 
     const bool isGroup = isDir(index);
     const QString oldName = index.data(Qt::DisplayRole).toString();
-    QString newName = value.toString();
-    if (!isGroup)
-        newName = QStringLiteral("%1.%2").arg(newName, QFileInfo(oldName).suffix());
+    const QString editedName = value.toString();
+    const QString newName = isGroup ? editedName : QStringLiteral("%1.%2").arg(editedName, QFileInfo(oldName).suffix());
     if (newName == oldName)
         return true;
 
     // The base class answers a failure with a message box of its own, so it only gets names that work.
     QDir parentFolder(filePath(index.parent()));
-    if (isUsableName(newName) && parentFolder.rename(oldName, newName)) {
+    if (isUsableName(editedName) && parentFolder.rename(oldName, newName)) {
         parentFolder.rename(newName, oldName);
         return QFileSystemModel::setData(index, newName, Qt::EditRole);
     }

@@ -26,8 +26,10 @@ CProductTreeView::CProductTreeView(QWidget* parent)
 
 void CProductTreeView::setRootPath(const QString& path)
 {
-    if (path.isEmpty()) {
+    // For a folder that is not there the model would go on showing the one before.
+    if (!QFileInfo(path).isDir()) {
         setModel(nullptr);
+        m_pModel->setRootPath(QString());
         return;
     }
     const QModelIndex root = m_pModel->setRootPath(path);

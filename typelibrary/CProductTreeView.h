@@ -12,7 +12,7 @@ class CProductTreeView : public CTreeView
 public:
     explicit CProductTreeView(QWidget* parent = nullptr);
 
-    // Shows the library folder `path`; an empty path shows nothing.
+    // Shows the library folder `path`; nothing when there is no such folder.
     void setRootPath(const QString& path);
 
     // Allows or forbids changes of the library.

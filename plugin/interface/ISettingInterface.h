@@ -24,15 +24,16 @@ public:
 
     // Points the type library at the folder `path` (absolute; empty: no library), scans it on the calling thread,
     // which takes as long as hashing every new file does, and then waits until the GUI thread has shown it on the
-    // Type library tab. False when the tab could not be reached; a folder that does not exist is an empty library.
-    // Do not let the GUI thread wait for the thread that makes this call.
-    // [host's worker; the GUI thread is allowed too and is blocked by the scan]
+    // Type library tab. False when the scan or the tab could not be finished or reached; a folder that does not exist
+    // is an empty library. Do not let the GUI thread wait for the thread that makes this call. [host's worker; the GUI
+    // thread is allowed too and is blocked by the scan]
     virtual bool setTypeLibraryPath(const QString& path) = 0;
 
     // True once the last setTypeLibraryPath() has finished. Never blocks. [any thread]
     virtual bool isTypeLibraryReady() = 0;
 
-    // Collects the values that the pages show and scans the library folder again. The record belongs to the plug-in
+    // Collects the values that the pages show and scans the library folder again, after a scan that is under way on
+    // another thread; where that cannot be finished the record keeps the tree it had. The record belongs to the plug-in
     // and stays at its address until the process ends; its content changes with the next call. Never null.
     // The host may write to it: the fourth voltage entry, which no page shows, keeps what is written. [GUI thread]
     virtual SSettings* getSettings() = 0;

@@ -5,6 +5,8 @@
 #include "typelibrary/CTypeLibrarySetting.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QFileSystemModel>
 #include <QPainter>
 #include <QStackedLayout>
 #include <QTemporaryDir>
@@ -60,6 +62,10 @@ private Q_SLOTS:
     void sameHandlerTwice();
     void otherHandlerIsNeverCalled();
     void typeLibraryPathFromAWorker();
+    void missingLibraryFolderShowsNothing();
+    void pathsThatOverlap();
+    void pushDoesNotWaitForTheFirstScan();
+    void noExceptionReachesTheHost();
     void typeLibraryPathOnTheGuiThread();
     void controlsEnabledReachTheTree();
 };
@@ -110,11 +116,9 @@ void tst_CSettingArea::geometry()
     QCOMPARE(tabBar()->geometry().left(), 0);
     for (int tab = 0; tab < 3; ++tab) {
         area().setCurrentTab(tab);
-        const QRect page = pageStack()->currentWidget()->geometry();
         QTRY_COMPARE(pageStack()->currentWidget()->geometry().topLeft(),
                      QPoint(37, background->geometry().bottom() + 1 + 20 + 22));
         QCOMPARE(pageStack()->currentWidget()->geometry().bottomRight(), QPoint(999, 699));
-        Q_UNUSED(page)
     }
     area().hide();
 }
@@ -319,21 +323,136 @@ void tst_CSettingArea::typeLibraryPathFromAWorker()
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.close();
     auto* const handler = new FakeHandler;
-    handler->isMulti = [&](const QString&) {
-        // While the scan runs the library is not ready.
-        return !area().isTypeLibraryReady();
-    };
+    // While the scan runs the library is not ready.
+    handler->isMulti = [](const QString&) { return !area().isTypeLibraryReady(); };
     area().setHandler(handler);
 
+    auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    std::atomic_bool shown{false};
+    std::atomic_bool readyWhileShown{false};
+    connect(tree->findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this, [&] {
+        shown = true;
+        readyWhileShown = area().isTypeLibraryReady();
+    });
     std::atomic_int result{-1};
-    std::thread worker([&] { result = area().setTypeLibraryPath(library.path()); });
+    std::atomic_bool shownOnReturn{false};
+    std::thread worker([&] {
+        const bool done = area().setTypeLibraryPath(library.path());
+        shownOnReturn = shown.load();
+        result = done;
+    });
+    QTRY_COMPARE(result.load(), 1);
+    worker.join();
+    QVERIFY(shownOnReturn);
+    QVERIFY(!readyWhileShown);
+    QVERIFY(area().isTypeLibraryReady());
+    QCOMPARE(area().getTypeLibrary().at(0).nodeType, SSettings::TypeLibrary::STreeNode::MultiRcv);
+    QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1);
+    QVERIFY(!handler->queryThreads().contains(QThread::currentThread()));
+}
+
+void tst_CSettingArea::missingLibraryFolderShowsNothing()
+{
+    QTemporaryDir library;
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    for (const QString& missing : {library.filePath(QStringLiteral("nowhere")), file.fileName(), QString()}) {
+        QVERIFY(area().setTypeLibraryPath(missing));
+        QVERIFY(!tree->model());
+        QVERIFY(area().getTypeLibrary().empty());
+        QVERIFY(area().setTypeLibraryPath(library.path()));
+        QVERIFY(tree->model());
+        QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1);
+    }
+}
+
+void tst_CSettingArea::pathsThatOverlap()
+{
+    // A worker scans the first folder while the GUI thread sets the second: the store and the tab end on the same one.
+    QTemporaryDir first;
+    QTemporaryDir second;
+    for (const QTemporaryDir* library : {&first, &second}) {
+        QFile file(library->filePath(QStringLiteral("a.rcvp")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    auto* const handler = new FakeHandler;
+    std::atomic_bool scanning{false};
+    std::atomic_bool secondAsked{false};
+    handler->isMulti = [&](const QString& path) {
+        if (path.startsWith(first.path())) {
+            scanning = true;
+            QElapsedTimer patience;
+            patience.start();
+            while (!secondAsked && patience.elapsed() < 10'000)
+                std::this_thread::yield();
+        }
+        return false;
+    };
+    area().setHandler(handler);
+    std::atomic_int result{-1};
+    std::thread worker([&] { result = area().setTypeLibraryPath(first.path()); });
+    QTRY_VERIFY(scanning.load());
+    secondAsked = true;
+    QVERIFY(area().setTypeLibraryPath(second.path()));
+    const bool firstIsUnderWay = result < 0;
+    QCOMPARE(area().isTypeLibraryReady(), !firstIsUnderWay);
     QTRY_COMPARE(result.load(), 1);
     worker.join();
     QVERIFY(area().isTypeLibraryReady());
-    QCOMPARE(area().getTypeLibrary().at(0).nodeType, SSettings::TypeLibrary::STreeNode::MultiRcv);
     auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
-    QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1);
-    QVERIFY(!handler->queryThreads().contains(QThread::currentThread()));
+    const auto* const model = qobject_cast<QFileSystemModel*>(tree->model());
+    QVERIFY(model);
+    QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));
+    QCOMPARE(QFileInfo(area().getTypeLibrary()[0].path).path(), model->rootPath());
+}
+
+void tst_CSettingArea::pushDoesNotWaitForTheFirstScan()
+{
+    QTemporaryDir library;
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    auto* const handler = new FakeHandler;
+    std::atomic_bool scanning{false};
+    std::atomic_bool pushed{false};
+    handler->isMulti = [&](const QString&) {
+        scanning = true;
+        QElapsedTimer patience;
+        patience.start();
+        while (!pushed && patience.elapsed() < 10'000)
+            std::this_thread::yield();
+        return pushed.load();
+    };
+    area().setHandler(handler);
+    std::atomic_int result{-1};
+    std::thread worker([&] { result = area().setTypeLibraryPath(library.path()); });
+    QTRY_VERIFY(scanning.load());
+    area().setSettings(SSettings());
+    pushed = true;
+    QTRY_COMPARE(result.load(), 1);
+    worker.join();
+    QCOMPARE(area().getTypeLibrary().at(0).nodeType, SSettings::TypeLibrary::STreeNode::MultiRcv);
+}
+
+void tst_CSettingArea::noExceptionReachesTheHost()
+{
+    QTemporaryDir library;
+    QFile file(library.filePath(QStringLiteral("a.rcvp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    QVERIFY(area().getSettings()->typeLibraryTree.empty()); // what the record is to keep
+    auto* const handler = new FakeHandler;
+    handler->isMulti = [](const QString&) -> bool { throw std::bad_alloc(); };
+    area().setHandler(handler);
+    QVERIFY(!area().setTypeLibraryPath(library.path()));
+    QVERIFY(area().isTypeLibraryReady());
+    QVERIFY(area().getSettings()->typeLibraryTree.empty());
+    area().setSettings(SSettings());
+
+    handler->isMulti = [](const QString&) { return true; };
+    QCOMPARE(area().getSettings()->typeLibraryTree.size(), std::size_t(1));
 }
 
 void tst_CSettingArea::typeLibraryPathOnTheGuiThread()

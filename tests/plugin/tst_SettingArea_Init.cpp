@@ -6,7 +6,9 @@
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLibrary>
+#include <QMainWindow>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -14,6 +16,18 @@
 #include <thread>
 
 #include <dlfcn.h>
+
+namespace {
+
+QWidget* addOverlay(QMainWindow& window)
+{
+    window.setCentralWidget(new QWidget);
+    auto* const overlay = new QWidget(window.centralWidget());
+    overlay->setObjectName(QStringLiteral("OverLay"));
+    return overlay;
+}
+
+} // namespace
 
 class tst_SettingArea_Init : public TestObject
 {
@@ -70,10 +84,12 @@ void tst_SettingArea_Init::nullControlCreatesNothing()
 
 void tst_SettingArea_Init::docksInItsParent()
 {
-    QWidget window;
+    QMainWindow window;
+    QWidget* const overlay = addOverlay(window);
     IAbstractControlInterface* control = nullptr;
     QVERIFY(init(&control, &window));
     QVERIFY(control);
+    QVERIFY(overlay->findChild<QWidget*>(QStringLiteral("ShortcutPanel")));
     QVERIFY(!control->getHandler());
     QCOMPARE(control->widget()->objectName(), QStringLiteral("SettingArea"));
     QCOMPARE(control->widget()->parentWidget(), &window);
@@ -90,16 +106,18 @@ void tst_SettingArea_Init::docksInItsParent()
 
 void tst_SettingArea_Init::givesTheSameAreaEveryTime()
 {
-    QWidget first;
+    QMainWindow first;
+    QWidget* const overlay = addOverlay(first);
     QWidget second;
     IAbstractControlInterface* control = nullptr;
     QVERIFY(init(&control, &first));
+    // The panel on the window before is gone with it.
+    QVERIFY(overlay->findChild<QWidget*>(QStringLiteral("ShortcutPanel")));
     QCOMPARE(control, static_cast<IAbstractControlInterface*>(area));
     control = nullptr;
     QVERIFY(init(&control, &second));
     QCOMPARE(control, static_cast<IAbstractControlInterface*>(area));
     QCOMPARE(area->widget()->parentWidget(), &second);
-    QVERIFY(first.children().isEmpty());
     QVERIFY(init(&control, nullptr));
     QVERIFY(!area->widget()->parentWidget());
 }

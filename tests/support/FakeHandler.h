@@ -6,6 +6,7 @@
 #include <QEasingCurve>
 #include <QLocale>
 #include <QSet>
+#include <QSize>
 #include <QStringList>
 #include <QThread>
 

@@ -1,8 +1,9 @@
 // Leaves the process by one of its ways out while detached scans are under way. Arguments: library folder, way (0 to
-// 3), and the number of microseconds that the scans get before it leaves.
+// 4), and the number of microseconds that the scans get before it leaves. With an odd number the host takes its time
+// for an answer.
 
 #include "plugin/SettingHandler.h"
-#include "plugin/interface/ISettingInterfaceHandler.h"
+#include "tests/support/FakeHandler.h"
 #include "typelibrary/store/CTypeLibrary.h"
 
 #include <QCoreApplication>
@@ -10,9 +11,29 @@
 #include <chrono>
 #include <thread>
 
+namespace {
+
+// As the plug-in keeps it: never destroyed.
+std::shared_ptr<FakeHandler>& handler()
+{
+    static auto* const instance = new std::shared_ptr<FakeHandler>(new FakeHandler);
+    return *instance;
+}
+
+// A host that looks at its data once more when it is told to end.
+void askAtExit()
+{
+    CTypeLibrary& store = CTypeLibrary::instance();
+    store.updateLibrary();
+    if (store.nodes().size() > 1'000 || !store.searchSameName(QStringLiteral("nobody's")).isEmpty())
+        std::abort();
+}
+
+} // namespace
+
 std::shared_ptr<ISettingInterfaceHandler> settingHandler()
 {
-    return nullptr;
+    return handler();
 }
 
 int main(int argc, char** argv)
@@ -22,13 +43,25 @@ int main(int argc, char** argv)
         return 2;
     const QStringList arguments = QCoreApplication::arguments();
 
+    const int microseconds = arguments.at(3).toInt();
+    if (microseconds % 2 == 1) {
+        handler()->resolution = [](const QString&) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            return QSize(1, 1);
+        };
+    }
+    const int way = arguments.at(2).toInt();
+    if (way == 4)
+        std::atexit(askAtExit);
+
     CTypeLibrary& store = CTypeLibrary::instance();
     std::thread([&store, folder = arguments.at(1)] { store.setRootPath(folder); }).detach();
     store.startUpdate();
-    std::this_thread::sleep_for(std::chrono::microseconds(arguments.at(3).toInt()));
+    std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
 
-    switch (arguments.at(2).toInt()) {
+    switch (way) {
     case 0:
+    case 4:
         return 0;
     case 1:
         std::exit(0);

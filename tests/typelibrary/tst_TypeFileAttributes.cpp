@@ -5,10 +5,7 @@
 
 #include <future>
 
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
 
@@ -28,7 +25,8 @@ private Q_SLOTS:
     void withoutHandlerNothingOfTheHostsIsKept();
     void removalWinsOverASlowReader();
     void removalOfAnotherPathDoesNotMatter();
-    void emptyDigestIsKept();
+    void digestOfAnEmptyFile();
+    void digestOfAnUnreadableFileIsEmptyAndKept();
     void digestsCompareByTheirCharacters();
     void metatypesHaveTheirNames();
 };
@@ -74,13 +72,8 @@ void tst_TypeFileAttributes::whatIsNoTypeFileHasEmptyAttributes()
     QCOMPARE(::mkfifo(QFile::encodeName(pathOf(QStringLiteral("pipe.rcvp"))).constData(), 0600), 0);
     QVERIFY(QFile::link(QStringLiteral("nowhere"), pathOf(QStringLiteral("broken.rcvp"))));
     QVERIFY(QFile::link(QStringLiteral("/dev/zero"), pathOf(QStringLiteral("device.rcvp"))));
-    const int server = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const QByteArray socketPath = QFile::encodeName(pathOf(QStringLiteral("socket.rcvp")));
-    QVERIFY(socketPath.size() < int(sizeof address.sun_path));
-    std::copy(socketPath.cbegin(), socketPath.cend(), address.sun_path);
-    QCOMPARE(::bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    const UnixSocket socket(pathOf(QStringLiteral("socket.rcvp")));
+    QVERIFY(socket.isBound());
 
     QFETCH(QString, name);
     const QString path = pathOf(name);
@@ -91,7 +84,6 @@ void tst_TypeFileAttributes::whatIsNoTypeFileHasEmptyAttributes()
     QCOMPARE(cabinetFlagOfFile(path), false);
     QCOMPARE(cabinetBlockOfFile(path), (std::array<std::int64_t, 4>{}));
     QVERIFY(handler->calls().isEmpty());
-    ::close(server);
 }
 
 void tst_TypeFileAttributes::eachAttributeIsComputedOnce()
@@ -206,11 +198,25 @@ void tst_TypeFileAttributes::removalOfAnotherPathDoesNotMatter()
     QCOMPARE(questionsAbout(path).size(), 1);
 }
 
-void tst_TypeFileAttributes::emptyDigestIsKept()
+void tst_TypeFileAttributes::digestOfAnEmptyFile()
 {
     const QString path = write(QStringLiteral("a.rcvp"), QByteArray());
     QCOMPARE(QByteArray(md5OfFile(path).data), QByteArray("d41d8cd98f00b204e9800998ecf8427e"));
-    QVERIFY(TypeFileInfoCache::instance().find(path).knows(TypeFileInfo::Digest));
+}
+
+void tst_TypeFileAttributes::digestOfAnUnreadableFileIsEmptyAndKept()
+{
+    const QString path = write(QStringLiteral("a.rcvp"), "a");
+    QVERIFY(QFile::setPermissions(library->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                                       QFile::ExeGroup | QFile::ExeOther));
+    QVERIFY(QFile::setPermissions(path, {}));
+    SMD5 md5;
+    withoutPrivileges([&] { md5 = md5OfFile(path); });
+    QVERIFY(isEmpty(md5));
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner));
+    QVERIFY(isEmpty(md5OfFile(path)));
+    removeFromCache(path);
+    QVERIFY(!isEmpty(md5OfFile(path)));
 }
 
 void tst_TypeFileAttributes::digestsCompareByTheirCharacters()

@@ -1,6 +1,7 @@
 #include "typelibrary/store/CTypeLibrary.h"
 
 #include "typelibrary/store/LibraryScan.h"
+#include "typelibrary/store/ScanThread.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 #include "typelibrary/store/TypeIndex.h"
 
@@ -27,6 +28,8 @@ struct CTypeLibrary::State
     {
         if (scannedHere == this)
             return; // asked for by a host query of the scan that is under way
+        if (ScanThread::processEnds())
+            return;
         const std::unique_lock<std::shared_mutex> locker(lock);
         const ScanMark mark(this);
         index.clear();
@@ -43,6 +46,11 @@ struct CTypeLibrary::State
     {
         if (scannedHere == this)
             return function();
+        if (ScanThread::processEnds()) {
+            // A scan that stands still may hold the lock for ever.
+            const std::shared_lock<std::shared_mutex> locker(lock, std::try_to_lock);
+            return locker ? function() : decltype(function())();
+        }
         const std::shared_lock<std::shared_mutex> locker(lock);
         return function();
     }
@@ -88,8 +96,8 @@ void CTypeLibrary::startUpdate()
     const auto update = [state = m_pState] {
         try {
             state->scan();
-        } catch (const std::bad_alloc&) {
-            // The tree is empty; the next scan may find more memory.
+        } catch (...) {
+            // No memory, or a host query threw. The tree is empty; the next scan may do better.
         }
     };
     try {

@@ -31,9 +31,11 @@ bool fillNode(const QFileInfo& entry, STreeNode& node, QStringList& ancestors)
     node.path = entry.filePath();
     node.name = entry.completeBaseName();
     if (!entry.isDir()) {
-        if (!isTypeFile(entry))
+        if (!hasTypeSuffix(entry))
             return false;
-        node.nodeType = STreeNode::SingleRcv; // until the host has been asked
+        // Named like a type, but what a link to a pipe or device stands for is not asked about.
+        if (entry.isFile())
+            node.nodeType = STreeNode::SingleRcv; // until the host has been asked
         return true;
     }
 

@@ -80,12 +80,17 @@ ScanThread::~ScanThread()
 
 void ScanThread::checkpoint()
 {
-    Process& p = process();
-    if (!p.ending.load(std::memory_order_relaxed))
+    if (!processEnds())
         return;
+    Process& p = process();
     std::unique_lock<std::mutex> lock(p.mutex);
     if (p.endingThread == std::this_thread::get_id())
         return;
     --p.scanning;
     standStill(lock);
+}
+
+bool ScanThread::processEnds()
+{
+    return process().ending.load(std::memory_order_relaxed);
 }

@@ -17,4 +17,7 @@ public:
     // To be called between two files and two folders. Does not return when the process is ending, unless it is the
     // current thread that ends it.
     static void checkpoint();
+
+    // Whether scans have been told to stand still.
+    static bool processEnds();
 };
