@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CMultiRcvCabinetSetSecondPage</name>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>S topology with first right and then down</source>
+        <translation>S 形走线，先向右再向下</translation>
+    </message>
+    <message>
+        <source>S topology with first left and then down</source>
+        <translation>S 形走线，先向左再向下</translation>
+    </message>
+    <message>
+        <source>S topology with first down and then right</source>
+        <translation>S 形走线，先向下再向右</translation>
+    </message>
+    <message>
+        <source>S topology with first up and then right</source>
+        <translation>S 形走线，先向上再向右</translation>
+    </message>
+    <message>
+        <source>S topology with first left and then up</source>
+        <translation>S 形走线，先向左再向上</translation>
+    </message>
+    <message>
+        <source>S topology with first right and then up</source>
+        <translation>S 形走线，先向右再向上</translation>
+    </message>
+    <message>
+        <source>S topology with first up and then left</source>
+        <translation>S 形走线，先向上再向左</translation>
+    </message>
+    <message>
+        <source>Specify orientation</source>
+        <translation>指定走线方向</translation>
+    </message>
+    <message>
+        <source>Left-click to select, right-click to unselect</source>
+        <translation>左键选择，右键取消选择</translation>
+    </message>
+    <message>
+        <source>Receiver wiring</source>
+        <translation>接收卡走线</translation>
+    </message>
+    <message>
+        <source>S topology with first down and then left</source>
+        <translation>S 形走线，先向下再向左</translation>
+    </message>
+</context>
+<context>
     <name>CProductTreeModel</name>
     <message>
         <source>There is already a type group with the same name.</source>
