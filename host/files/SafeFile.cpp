@@ -47,8 +47,7 @@ bool replaceAfter(const std::function<bool()>& step, const QString& path, const 
         error = tr("This is not a regular file.");
         return false;
     }
-    // QSaveFile follows one link only.
-    QSaveFile file(old.exists() ? old.canonicalFilePath() : path);
+    QSaveFile file(path); // follows links
     if (!file.open(QIODevice::WriteOnly)) {
         error = file.errorString();
         return false;

@@ -53,6 +53,7 @@ private Q_SLOTS:
 
     void keepsThePreviousContent();
     void keepsThePreviousContentAsPrivateAsTheNew();
+    void leavesTheOldFileWhenItCannotBeKept();
     void leavesBothFilesOnAFullDisk();
 
 private:
@@ -242,6 +243,16 @@ void tst_SafeFile::keepsThePreviousContentAsPrivateAsTheNew()
     QVERIFY(SafeFile::replaceKeepingPrevious(file(QStringLiteral("a")), "new", m_error, ownerOnly));
     QCOMPARE(modeOf(file(QStringLiteral("a"))), 0600U);
     QCOMPARE(modeOf(file(QStringLiteral("a.bak"))), 0600U);
+}
+
+void tst_SafeFile::leavesTheOldFileWhenItCannotBeKept()
+{
+    QVERIFY(writeFile(file(QStringLiteral("a")), "old"));
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("a.bak")));
+    QVERIFY(!SafeFile::replaceKeepingPrevious(file(QStringLiteral("a")), "new", m_error));
+    QCOMPARE(m_error, QStringLiteral("This is not a regular file."));
+    QCOMPARE(readFile(file(QStringLiteral("a"))), QByteArray("old"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{QStringLiteral("a")});
 }
 
 void tst_SafeFile::leavesBothFilesOnAFullDisk()
