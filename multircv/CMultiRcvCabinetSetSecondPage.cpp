@@ -101,6 +101,8 @@ void CMultiRcvCabinetSetSecondPage::createTopologyButtons()
                               QStringLiteral(".svg")));
         button->setFixedSize(buttonSize, buttonSize);
         button->setIconSize(QSize(16, 16));
+        // Whatever the application's style pads its tool buttons with, it would leave too little of so small a one.
+        button->setStyleSheet(QStringLiteral("padding:0px;"));
         button->setAutoRaise(true);
         m_pTopologies->addButton(button, id);
     }
@@ -126,6 +128,8 @@ void CMultiRcvCabinetSetSecondPage::layoutWidgets()
     m_pHint->setSizePolicy(policy);
 
     auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 4, 8, 4); // the wizard's height leaves little beside the grid
+    layout->setSpacing(4);
     layout->addLayout(head);
     layout->addStretch();
     layout->addWidget(m_pGrid, 0, Qt::AlignHCenter);
