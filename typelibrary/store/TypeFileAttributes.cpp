@@ -73,8 +73,10 @@ TypeFileInfo typeFileInfo(const QString& path, std::uint8_t attributes)
             info.nodeType = NodeType::SingleRcv;
         }
     }
-    // What was found out about a file that is gone must not meet another one that appears under its name.
-    if (QFileInfo::exists(path))
+    // What was found out about a file that is gone must not meet another one that appears under its name. A file with
+    // a digest was there, which saves another look at the disk.
+    const bool wasThere = missing == TypeFileInfo::Digest && !isEmpty(computed.md5);
+    if (wasThere || QFileInfo::exists(path))
         computation.commit(computed);
     info.merge(computed);
     return info;

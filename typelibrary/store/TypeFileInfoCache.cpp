@@ -26,14 +26,13 @@ TypeFileInfoCache& TypeFileInfoCache::instance()
 TypeFileInfo TypeFileInfoCache::find(const QString& path) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto found = m_entries.find(path);
-    return found == m_entries.end() ? TypeFileInfo{} : found->second;
+    return m_entries.value(path);
 }
 
 void TypeFileInfoCache::remove(const QString& path)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_entries.erase(path);
+    m_entries.remove(path);
     ++m_removals;
     if (m_underWay > 0)
         m_removed[path] = m_removals;
@@ -58,7 +57,6 @@ TypeFileInfoCache::Computation::~Computation()
 void TypeFileInfoCache::Computation::commit(const TypeFileInfo& info)
 {
     const std::lock_guard<std::mutex> lock(m_cache.m_mutex);
-    const auto removed = m_cache.m_removed.find(m_path);
-    if (removed == m_cache.m_removed.end() || removed->second <= m_begun)
+    if (m_cache.m_removed.value(m_path, 0) <= m_begun)
         m_cache.m_entries[m_path].merge(info);
 }

@@ -2,10 +2,10 @@
 
 #include "plugin/interface/SSettings.h"
 
+#include <QHash>
 #include <QString>
 
 #include <cstdint>
-#include <map>
 #include <mutex>
 #include <optional>
 
@@ -71,8 +71,8 @@ public:
 
 private:
     mutable std::mutex m_mutex;
-    std::map<QString, TypeFileInfo> m_entries;
-    std::uint64_t m_removals = 0;               // number of removals so far
-    std::map<QString, std::uint64_t> m_removed; // by path, the last removal while a computation was under way
-    int m_underWay = 0;                         // computations begun and not ended
+    QHash<QString, TypeFileInfo> m_entries;
+    std::uint64_t m_removals = 0;            // number of removals so far
+    QHash<QString, std::uint64_t> m_removed; // by path, the last removal while a computation was under way
+    int m_underWay = 0;                      // computations begun and not ended
 };
