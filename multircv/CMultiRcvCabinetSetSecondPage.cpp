@@ -76,7 +76,6 @@ CMultiRcvCabinetSetSecondPage::CMultiRcvCabinetSetSecondPage(const SHwRcvInCabin
       m_record(record),
       m_pOrientation(new QCheckBox(this)),
       m_pTopologies(new QButtonGroup(this)),
-      m_pGrid(nullptr),
       m_pHint(new QLabel(this))
 {
     createTopologyButtons();

@@ -45,6 +45,6 @@ private:
 
     QCheckBox* m_pOrientation;
     QButtonGroup* m_pTopologies; // ids are WiringGrid::Topology
-    CabinetWiringWidget* m_pGrid;
+    CabinetWiringWidget* m_pGrid = nullptr;
     QLabel* m_pHint;
 };
