@@ -111,21 +111,26 @@ void CMultiRcvCabinetSetFirstPage::selectGridSize(const QSize& size)
 
 void CMultiRcvCabinetSetFirstPage::onTriggered(QAction* action)
 {
-    const QPointer<CMultiRcvCabinetSetFirstPage> guard(this); // the host may close the window behind the dialogs
+    // Browsing waits until the menu is done: the host may destroy the page, and with it the menu, behind the dialog.
     if (action == m_pMenu->browseAction())
-        browse();
+        QMetaObject::invokeMethod(this, &CMultiRcvCabinetSetFirstPage::browse, Qt::QueuedConnection);
     else
         m_parameterFile = CParameterFileMenu::pathOf(action);
-    if (guard)
-        showParameterFile();
+    showParameterFile();
 }
 
 void CMultiRcvCabinetSetFirstPage::browse()
 {
-    const QPointer<CMultiRcvCabinetSetFirstPage> guard(this);
-    const QString file =
-        QFileDialog::getOpenFileName(this, tr("Browse..."), QString(), tr("Parameter(*.rcvp *.rcvbp)"));
-    if (!guard || file.isEmpty() || m_libraryFolder.isEmpty())
+    // On the heap, because the page may take the dialog with it.
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(this, tr("Browse..."), QString(), tr("Parameter(*.rcvp *.rcvbp)"));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog)
+        return;
+    const QString file = accepted ? dialog->selectedFiles().value(0) : QString();
+    delete dialog;
+    if (file.isEmpty() || m_libraryFolder.isEmpty())
         return;
 
     const ParameterFileChoice choice(file, m_libraryFolder);
@@ -146,6 +151,7 @@ void CMultiRcvCabinetSetFirstPage::browse()
         break;
     }
     m_parameterFile = choice.take();
+    showParameterFile();
 }
 
 // Whether the user says Yes; the end of the page while it waits counts as No.

@@ -18,11 +18,13 @@ bool replaceInLibrary(const QString& source, const QString& old, const QString& 
     // Copied first, beside the target and hidden from scans: on a full disk the old file is not lost.
     const QTemporaryDir staging(QFileInfo(target).path() + QLatin1String("/.new-XXXXXX"));
     const QString copy = staging.filePath(QStringLiteral("type"));
+    const bool inPlace = old == target || isSameFile(old, target);
     bool replaced = staging.isValid() && QFile::copy(source, copy);
-    if (replaced) {
+    if (replaced && inPlace)
         QFile::remove(old);
-        replaced = QFile::rename(copy, target);
-    }
+    replaced = replaced && QFile::rename(copy, target);
+    if (replaced && !inPlace)
+        QFile::remove(old);
     removeFromCache(old);
     removeFromCache(target);
     return replaced;
