@@ -53,12 +53,10 @@ SHwRcvInCabinetInfo makeRecord(int columns, int rows, const std::array<std::uint
     return record;
 }
 
-const SHwRcvInCabinetInfo newRecord;
-
 // The page and its controls.
 struct Page : CMultiRcvCabinetSetSecondPage
 {
-    explicit Page(const SHwRcvInCabinetInfo& record = newRecord)
+    explicit Page(const SHwRcvInCabinetInfo& record = {})
         : CMultiRcvCabinetSetSecondPage(record)
     {
     }
@@ -129,8 +127,16 @@ public:
     }
 };
 
-const Ids plainButtons{0, 1, 2, 3, 4};
-const Ids directionButtons{0, 5, 6, 7, 8, 9, 10, 11, 12};
+// What a grid of at least two columns and rows offers without orientation, and with it.
+Ids plainButtons()
+{
+    return {0, 1, 2, 3, 4};
+}
+
+Ids directionButtons()
+{
+    return {0, 5, 6, 7, 8, 9, 10, 11, 12};
+}
 
 } // namespace
 
@@ -224,7 +230,8 @@ void tst_CMultiRcvCabinetSetSecondPage::topologyButtons()
         page.show();
         QVERIFY(QTest::qWaitForWindowExposed(&page));
         int right = -1;
-        for (const int id : page.shownButtons()) {
+        const Ids shown = page.shownButtons();
+        for (const int id : shown) {
             const QRect box = page.button(id)->geometry();
             QCOMPARE(box.size(), QSize(18, 18));
             if (right >= 0)
@@ -284,8 +291,8 @@ void tst_CMultiRcvCabinetSetSecondPage::shownButtons_data()
     QTest::newRow("1 x 2") << QSize(1, 2) << Ids() << Ids{0, 9, 12};
     QTest::newRow("1 x 3") << QSize(1, 3) << Ids() << Ids{0, 9, 12};
     QTest::newRow("1 x 4") << QSize(1, 4) << Ids() << Ids{0, 9, 12};
-    QTest::newRow("2 x 2") << QSize(2, 2) << plainButtons << directionButtons;
-    QTest::newRow("5 x 2") << QSize(5, 2) << plainButtons << directionButtons;
+    QTest::newRow("2 x 2") << QSize(2, 2) << plainButtons() << directionButtons();
+    QTest::newRow("5 x 2") << QSize(5, 2) << plainButtons() << directionButtons();
 }
 
 void tst_CMultiRcvCabinetSetSecondPage::shownButtons()
@@ -301,7 +308,7 @@ void tst_CMultiRcvCabinetSetSecondPage::shownButtons()
     QCOMPARE(page.shownButtons(), with);
     // A new size is met in either state of the box.
     page.setGridSize({3, 3});
-    QCOMPARE(page.shownButtons(), directionButtons);
+    QCOMPARE(page.shownButtons(), directionButtons());
     page.setGridSize(size);
     QCOMPARE(page.shownButtons(), with);
     page.orientation->click();
@@ -406,7 +413,8 @@ void tst_CMultiRcvCabinetSetSecondPage::buttonsSetTheirTopology()
                            {2, 3, 1, 0}, {3, 2, 0, 1}, {1, 0, 2, 3}};
     for (const bool specify : {false, true}) {
         page.orientation->setChecked(specify);
-        for (const int id : page.shownButtons()) {
+        const Ids shown = page.shownButtons();
+        for (const int id : shown) {
             QTest::mouseClick(page.button(id), Qt::LeftButton);
             QCOMPARE(page.wiring(), wirings[id]);
             QTest::mouseClick(page.button(id), Qt::LeftButton); // once more
@@ -504,7 +512,7 @@ void tst_CMultiRcvCabinetSetSecondPage::recordIsPreselected()
         page.setSize(2, 2);
         QCOMPARE(page.specifyOrientation(), specify);
         QCOMPARE(page.wiring(), (Ids{1, 3, 2, 0}));
-        QCOMPARE(page.shownButtons(), specify ? directionButtons : plainButtons);
+        QCOMPARE(page.shownButtons(), specify ? directionButtons() : plainButtons());
         QVERIFY(page.canClear());
         QCOMPARE(page.showsDirection(), specify);
         QVERIFY(!page.hint->isHidden());
@@ -658,7 +666,8 @@ void tst_CMultiRcvCabinetSetSecondPage::accessibleNames()
     for (const bool specify : {false, true}) {
         page.orientation->setChecked(specify);
         QStringList names;
-        for (const int id : page.shownButtons()) {
+        const Ids shown = page.shownButtons();
+        for (const int id : shown) {
             names.append(page.button(id)->accessibleName());
             if (id != 10)
                 QCOMPARE(names.last(), page.button(id)->toolTip());

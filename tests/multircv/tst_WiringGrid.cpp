@@ -48,7 +48,7 @@ const QPoint right(1, 0);
 const QPoint up(0, -1);
 const QPoint down(0, 1);
 
-const QVector<Walk> walks{
+const Walk walks[] = {
     {},                    // clear
     {{0, 0}, right, down}, // right-down
     {{1, 0}, left, down},  // left-down
@@ -221,7 +221,7 @@ void tst_WiringGrid::topology()
     QFETCH(int, rows);
     QVector<int> expected(columns * rows, -1);
     if (id != 0) {
-        expected = numbersOfWalk(walks.at(id), columns, rows);
+        expected = numbersOfWalk(walks[id], columns, rows);
         // The walk of the test has been everywhere.
         QVector<int> sorted = expected;
         std::sort(sorted.begin(), sorted.end());
