@@ -111,7 +111,6 @@ void CMultiRcvCabinetSetSecondPage::layoutWidgets()
 {
     auto* const buttons = new QHBoxLayout;
     buttons->setSpacing(buttonSpacing);
-    buttons->addStrut(buttonSize); // as high without a button
     const QList<QAbstractButton*> all = m_pTopologies->buttons();
     for (QAbstractButton* const button : all)
         buttons->addWidget(button);
