@@ -221,7 +221,9 @@ void tst_CParameterFileMenu::longMenuScrolls()
     opened(&menu);
     QVERIFY(menu.height() <= menu.screen()->geometry().height());
     QVERIFY(menu.width() < 2 * 313);    // one column
-    QTest::keyClick(&menu, Qt::Key_Up); // from nothing to the last entry
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QCOMPARE(menu.activeAction(), menu.browseAction());
+    QTest::keyClick(&menu, Qt::Key_Up); // to the last entry
     QCOMPARE(menu.activeAction(), menu.actions().last());
     QVERIFY(menu.rect().contains(menu.actionGeometry(menu.activeAction())));
     menu.hide();
