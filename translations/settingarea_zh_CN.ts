@@ -2,6 +2,100 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CMultiRcvCabinetSetDlg</name>
+    <message>
+        <source>Please select a parameter file.</source>
+        <translation>请选择参数文件。</translation>
+    </message>
+    <message>
+        <source>The parameter file does not exist.</source>
+        <translation>参数文件不存在。</translation>
+    </message>
+    <message>
+        <source>Please complete a box of multi-card wiring.</source>
+        <translation>请完成多卡箱体的走线。</translation>
+    </message>
+    <message>
+        <source>Wizard</source>
+        <translation>向导</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation type="unfinished">上一步</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">确定</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation type="unfinished">下一步</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">取消</translation>
+    </message>
+    <message>
+        <source>The type name is empty.</source>
+        <translation>类型名称为空。</translation>
+    </message>
+    <message>
+        <source>The lower voltage limit is greater than the upper voltage limit.</source>
+        <translation>电压下限大于电压上限。</translation>
+    </message>
+    <message>
+        <source>There is a duplicate box of multi-card file naming.</source>
+        <translation>已存在同名的多卡箱体文件。</translation>
+    </message>
+    <message>
+        <source>Should you replace the old parameter file with a new parameter file?</source>
+        <translation>是否用新的参数文件替换旧的参数文件？</translation>
+    </message>
+</context>
+<context>
+    <name>CMultiRcvCabinetSetFirstPage</name>
+    <message>
+        <source>Cabinet configuration</source>
+        <translation>箱体配置</translation>
+    </message>
+    <message>
+        <source>Receiver count</source>
+        <translation>接收卡数量</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 x %2</translation>
+    </message>
+    <message>
+        <source>Parameter file</source>
+        <translation>参数文件</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览...</translation>
+    </message>
+    <message>
+        <source>Parameter(*.rcvp *.rcvbp)</source>
+        <translation>参数文件(*.rcvp *.rcvbp)</translation>
+    </message>
+    <message>
+        <source>Non-single cabinet parameter file.</source>
+        <translation>不是单卡箱体参数文件。</translation>
+    </message>
+    <message>
+        <source>The same parameter file already exists. Do you want to use this parameter file?</source>
+        <translation>已存在相同的参数文件，是否使用该参数文件？</translation>
+    </message>
+    <message>
+        <source>The same file name already exists. Do you want to replace the old file with the new one?</source>
+        <translation>已存在同名文件，是否用新文件替换旧文件？</translation>
+    </message>
+    <message>
+        <source>Please select cabinet type file</source>
+        <translation>请选择箱体类型文件</translation>
+    </message>
+</context>
+<context>
     <name>CMultiRcvCabinetSetSecondPage</name>
     <message>
         <source>Clear</source>
@@ -53,6 +147,40 @@
     </message>
 </context>
 <context>
+    <name>CMultiRcvCabinetSetThirdPage</name>
+    <message>
+        <source>Type name</source>
+        <translation>类型名称</translation>
+    </message>
+    <message>
+        <source>Weight(Kg)</source>
+        <translation>重量(Kg)</translation>
+    </message>
+    <message>
+        <source>Power(W)</source>
+        <translation>功率(W)</translation>
+    </message>
+    <message>
+        <source>Working voltage(V)</source>
+        <translation>工作电压(V)</translation>
+    </message>
+    <message>
+        <source>Lower limit of the working voltage(V)</source>
+        <translation>工作电压下限(V)</translation>
+    </message>
+    <message>
+        <source>Upper limit of the working voltage(V)</source>
+        <translation>工作电压上限(V)</translation>
+    </message>
+</context>
+<context>
+    <name>CParameterFileMenu</name>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览...</translation>
+    </message>
+</context>
+<context>
     <name>CProductTreeModel</name>
     <message>
         <source>There is already a type group with the same name.</source>
@@ -88,6 +216,40 @@
     <message>
         <source>Health settings</source>
         <translation>健康监控</translation>
+    </message>
+</context>
+<context>
+    <name>CTypeLibrarySetting</name>
+    <message>
+        <source>Create multi-receiver cabinet type</source>
+        <translation>新建多接收卡箱体类型</translation>
+    </message>
+</context>
+<context>
+    <name>CWizardSteps</name>
+    <message>
+        <source>Step 1</source>
+        <translation>步骤 1</translation>
+    </message>
+    <message>
+        <source>Step 2</source>
+        <translation>步骤 2</translation>
+    </message>
+    <message>
+        <source>Step 3</source>
+        <translation>步骤 3</translation>
+    </message>
+    <message>
+        <source>Receiver information</source>
+        <translation>接收卡信息</translation>
+    </message>
+    <message>
+        <source>Topology selection</source>
+        <translation>走线拓扑选择</translation>
+    </message>
+    <message>
+        <source>Cabinet label</source>
+        <translation>箱体标签</translation>
     </message>
 </context>
 <context>
