@@ -42,6 +42,13 @@ CHost::CHost(const CommandLine& commandLine)
     });
     m_countTimer.setInterval(countDelayMs);
     m_countTimer.setSingleShot(true);
+    m_closeTimer.setInterval(closeTimeoutMs);
+    m_closeTimer.setSingleShot(true);
+    connect(&m_closeTimer, &QTimer::timeout, this, &CHost::finish);
+    // Queued: the message box would hold up the start.
+    connect(
+        this, &CHost::notifyTroubled, this, [this](const QString& text) { m_pWindow->warn(text); },
+        Qt::QueuedConnection);
 }
 
 CHost::~CHost() = default;
@@ -69,7 +76,7 @@ bool CHost::start(SettingArea_InitFunction init, const QString& path)
     m_pLoader->load(library);
     m_saveTimer.start();
     if (!messages.isEmpty())
-        QTimer::singleShot(0, this, [this, messages] { m_pWindow->warn(messages.join(QLatin1Char('\n'))); });
+        Q_EMIT notifyTroubled(messages.join(QLatin1Char('\n')));
     return true;
 }
 
@@ -184,7 +191,7 @@ bool CHost::queryClose()
         m_bClosing = true;
         m_pWindow->hide();
         connect(m_pLoader, &CLibraryLoader::notifyLoaded, this, &CHost::finish);
-        QTimer::singleShot(closeTimeoutMs, this, &CHost::finish);
+        m_closeTimer.start();
         return false;
     }
     if (!saveOrAsk())

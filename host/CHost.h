@@ -48,6 +48,9 @@ Q_SIGNALS:
     // The window is closed and the settings are saved.
     void notifyFinished();
 
+    // Something at the start was not as it should be; the user is told.
+    void notifyTroubled(const QString& text);
+
 private:
     void openWindow();
     void connectWindow();
@@ -72,5 +75,6 @@ private:
     CLibraryLoader* m_pLoader = nullptr;
     QTimer m_saveTimer;
     QTimer m_countTimer;
+    QTimer m_closeTimer;
     bool m_bClosing = false;
 };

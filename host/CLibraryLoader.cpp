@@ -26,7 +26,7 @@ int typesIn(const std::vector<STreeNode>& nodes)
 struct CLibraryLoader::Link
 {
     std::mutex mutex; // guards `loader`
-    CLibraryLoader* loader;
+    CLibraryLoader* loader = nullptr;
 };
 
 CLibraryLoader::CLibraryLoader(ISettingInterface* area, QObject* parent)
@@ -35,6 +35,8 @@ CLibraryLoader::CLibraryLoader(ISettingInterface* area, QObject* parent)
       m_pLink(std::make_shared<Link>())
 {
     m_pLink->loader = this;
+    connect(this, &CLibraryLoader::notifyLoadDone, this, &CLibraryLoader::finishLoad, Qt::QueuedConnection);
+    connect(this, &CLibraryLoader::notifyCountDone, this, &CLibraryLoader::finishCount, Qt::QueuedConnection);
 }
 
 CLibraryLoader::~CLibraryLoader()
@@ -43,16 +45,15 @@ CLibraryLoader::~CLibraryLoader()
     m_pLink->loader = nullptr;
 }
 
-// Runs `work` on a detached thread and then `done` with its result on the GUI thread.
-template<typename Work, typename Done>
-void CLibraryLoader::run(Work work, Done done)
+// Runs `work` on a detached thread, and then emits `done` with its result.
+template<typename Work, typename Signal>
+void CLibraryLoader::run(Work work, Signal done)
 {
     std::thread([link = m_pLink, work, done] {
         const auto result = work();
         const std::lock_guard<std::mutex> lock(link->mutex);
         if (link->loader)
-            QMetaObject::invokeMethod(
-                link->loader, [done, result] { done(result); }, Qt::QueuedConnection);
+            Q_EMIT(link->loader->*done)(result, {});
     }).detach();
 }
 
@@ -61,25 +62,29 @@ void CLibraryLoader::load(const QString& folder)
     m_next = folder;
     m_bHasNext = true;
     if (!m_bLoading)
-        start(folder);
+        start();
 }
 
-void CLibraryLoader::start(const QString& folder)
+void CLibraryLoader::start()
 {
+    m_folder = m_next;
     m_bHasNext = false;
     m_bLoading = true;
-    qCInfo(logLibrary, "loading %ls", qUtf16Printable(folder));
-    Q_EMIT notifyLoading(folder);
-    run([area = m_pArea, folder] { return area->setTypeLibraryPath(folder); },
-        [this, folder](bool shown) {
-            m_bLoading = false;
-            qCInfo(logLibrary, "%s %ls", shown ? "loaded" : "could not show", qUtf16Printable(folder));
-            Q_EMIT notifyLoaded(folder, shown);
-            if (m_bHasNext)
-                start(m_next);
-            else
-                count();
-        });
+    qCInfo(logLibrary, "loading %ls", qUtf16Printable(m_folder));
+    Q_EMIT notifyLoading(m_folder);
+    run([area = m_pArea, folder = m_folder] { return area->setTypeLibraryPath(folder); },
+        &CLibraryLoader::notifyLoadDone);
+}
+
+void CLibraryLoader::finishLoad(bool shown)
+{
+    m_bLoading = false;
+    qCInfo(logLibrary, "%s %ls", shown ? "loaded" : "could not show", qUtf16Printable(m_folder));
+    Q_EMIT notifyLoaded(m_folder, shown);
+    if (m_bHasNext)
+        start();
+    else
+        count();
 }
 
 void CLibraryLoader::count()
@@ -87,9 +92,11 @@ void CLibraryLoader::count()
     if (m_bLoading)
         return;
     ++m_nCounting;
-    run([area = m_pArea] { return typesIn(area->getTypeLibrary()); },
-        [this](int types) {
-            --m_nCounting;
-            Q_EMIT notifyCounted(types);
-        });
+    run([area = m_pArea] { return typesIn(area->getTypeLibrary()); }, &CLibraryLoader::notifyCountDone);
+}
+
+void CLibraryLoader::finishCount(int types)
+{
+    --m_nCounting;
+    Q_EMIT notifyCounted(types);
 }

@@ -41,15 +41,22 @@ Q_SIGNALS:
     // The library holds this many types.
     void notifyCounted(int types);
 
+    // From a worker to this thread.
+    void notifyLoadDone(bool shown, QPrivateSignal);
+    void notifyCountDone(int types, QPrivateSignal);
+
 private:
     struct Link;
 
-    template<typename Work, typename Done>
-    void run(Work work, Done done);
-    void start(const QString& folder);
+    template<typename Work, typename Signal>
+    void run(Work work, Signal done);
+    void start();
+    void finishLoad(bool shown);
+    void finishCount(int types);
 
     ISettingInterface* const m_pArea;
     const std::shared_ptr<Link> m_pLink; // shared with the workers
+    QString m_folder;                    // that is being loaded, or was last
     QString m_next;
     bool m_bHasNext = false;
     bool m_bLoading = false;

@@ -18,6 +18,11 @@ namespace {
 constexpr QSize smallestSize(960, 540); // fits a screen of 1024 x 600 with a panel and a title bar
 constexpr QSize firstSize(1280, 800);
 
+QKeySequence ctrl(Qt::Key key)
+{
+    return {static_cast<int>(Qt::CTRL) | key};
+}
+
 } // namespace
 
 CMainWindow::CMainWindow(QWidget* parent)
@@ -69,10 +74,10 @@ void CMainWindow::createMenus()
     // Not Ctrl+N, Ctrl+I and Ctrl+A: they belong to the type library.
     action(OpenProject)->setShortcut(QKeySequence::Open);
     action(SaveProject)->setShortcut(QKeySequence::Save);
-    action(Quit)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
-    action(Preferences)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_1));
-    action(TypeLibrary)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_2));
-    action(HealthSettings)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_3));
+    action(Quit)->setShortcut(ctrl(Qt::Key_Q));
+    action(Preferences)->setShortcut(ctrl(Qt::Key_1));
+    action(TypeLibrary)->setShortcut(ctrl(Qt::Key_2));
+    action(HealthSettings)->setShortcut(ctrl(Qt::Key_3));
 
     connect(action(Quit), &QAction::triggered, this, &QWidget::close);
     connect(action(About), &QAction::triggered, this, &CMainWindow::showAbout);

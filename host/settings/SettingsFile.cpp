@@ -82,14 +82,14 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
     return true;
 }
 
-SettingsFile::State SettingsFile::inspect(const QString& path, QJsonObject& document, QString& error) const
+SettingsFile::State SettingsFile::inspect(const QString& path, QJsonObject& document, QString& error)
 {
     if (!QFileInfo::exists(path))
         return State::Missing;
     const auto content = SafeFile::read(path, maxFileSize, error);
     if (!content)
         return State::Damaged;
-    QJsonParseError parseError;
+    QJsonParseError parseError = {};
     const QJsonDocument parsed = QJsonDocument::fromJson(*content, &parseError);
     if (!parsed.isObject()) {
         error = parseError.error != QJsonParseError::NoError

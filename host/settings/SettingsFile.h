@@ -37,7 +37,7 @@ private:
         Damaged,
     };
 
-    State inspect(const QString& path, QJsonObject& document, QString& error) const;
+    static State inspect(const QString& path, QJsonObject& document, QString& error);
     QString moveAside(QString& error) const;
     bool keepNewer(QString& error);
 

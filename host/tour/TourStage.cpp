@@ -65,7 +65,7 @@ bool TourStage::inDialog(const std::function<void()>& open, const std::function<
     bool appeared = false;
     bool acted = false;
     QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, [&] {
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
         QWidget* const dialog = QApplication::activeModalWidget();
         if (!dialog || !dialog->isVisible())
             return;

@@ -18,7 +18,7 @@ public:
     // `answer` gets the dialog once it is open, and has to close it.
     explicit ModalAnswer(const std::function<void(QWidget*)>& answer)
     {
-        QObject::connect(&m_watch, &QTimer::timeout, [this, answer] {
+        QObject::connect(&m_watch, &QTimer::timeout, &m_watch, [this, answer] {
             QWidget* const dialog = QApplication::activeModalWidget();
             if (!dialog || !dialog->isVisible())
                 return;

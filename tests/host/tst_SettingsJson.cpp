@@ -37,7 +37,7 @@ StoredSettings unusualSettings()
                                        {0, QKeySequence(Qt::Key_A, Qt::CTRL)},
                                        {1, QKeySequence()},
                                        {7, QKeySequence(Qt::Key_K, Qt::Key_L, Qt::Key_M, Qt::META)},
-                                       {42, QKeySequence(Qt::ALT + Qt::Key_PageDown)}};
+                                       {42, QKeySequence(static_cast<int>(Qt::ALT) | Qt::Key_PageDown)}};
     settings.record.softEdgeShortcuts = {};
     SMonitorSettings& monitoring = settings.record.monitoring;
     monitoring.nRefreshInterval = 7200;

@@ -104,7 +104,8 @@ void tst_Theme::textHasContrast_data()
 {
     QTest::addColumn<QColor>("text");
     QTest::addColumn<QColor>("ground");
-    for (const Pair& pair : pairs()) {
+    const QVector<Pair> tested = pairs();
+    for (const Pair& pair : tested) {
         for (const QColor& ground : pair.grounds)
             QTest::addRow("%s on %s", pair.name, qPrintable(ground.name())) << pair.text << ground;
     }
