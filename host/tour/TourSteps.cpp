@@ -128,7 +128,8 @@ bool showWizard(TourStage& stage, QWidget* dialog, const WizardView& view)
     }
     if (view.step > 1) {
         click(dialog, "NextButton");
-        dialog->findChild<QLineEdit*>(QStringLiteral("MultiRcvCabinet"))->setText(QStringLiteral("P3-1152x576"));
+        dialog->findChild<QLineEdit*>(QStringLiteral("MultiRcvCabinet"))
+            ->setText(QStringLiteral("Cabinet-") + QString(view.configuration).remove(QLatin1Char(' ')));
     }
     return stage.shoot();
 }
@@ -151,6 +152,11 @@ std::vector<TourStep> tourSteps()
         {"preferences", page(PreferencesTab)},
         {"type-library", typeLibrary},
         {"type-library-small-window", smallWindow},
+        {"health-settings", page(HealthSettingsTab)},
+        {"file-menu", menu(CMainWindow::FileMenu)},
+        {"view-menu", menu(CMainWindow::ViewMenu)},
+        {"about", about},
+        {"warning", warning},
         {"wizard-2x1-receivers", wizard({QStringLiteral("2 x 1"), false, 0})},
         {"wizard-2x1-topology", wizard({QStringLiteral("2 x 1"), false, 1})},
         {"wizard-2x1-label", wizard({QStringLiteral("2 x 1"), false, 2})},
@@ -161,10 +167,5 @@ std::vector<TourStep> tourSteps()
         {"wizard-1x4-receivers", wizard({QStringLiteral("1 x 4"), false, 0})},
         {"wizard-1x4-topology", wizard({QStringLiteral("1 x 4"), false, 1})},
         {"wizard-1x4-label", wizard({QStringLiteral("1 x 4"), false, 2})},
-        {"health-settings", page(HealthSettingsTab)},
-        {"file-menu", menu(CMainWindow::FileMenu)},
-        {"view-menu", menu(CMainWindow::ViewMenu)},
-        {"about", about},
-        {"warning", warning},
     };
 }

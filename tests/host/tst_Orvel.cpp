@@ -184,7 +184,17 @@ void tst_Orvel::theTourTakesEveryPicture()
                                QStringLiteral("05-file-menu.png"),
                                QStringLiteral("06-view-menu.png"),
                                QStringLiteral("07-about.png"),
-                               QStringLiteral("08-warning.png")};
+                               QStringLiteral("08-warning.png"),
+                               QStringLiteral("09-wizard-2x1-receivers.png"),
+                               QStringLiteral("10-wizard-2x1-topology.png"),
+                               QStringLiteral("11-wizard-2x1-label.png"),
+                               QStringLiteral("12-wizard-2x2-receivers.png"),
+                               QStringLiteral("13-wizard-2x2-topology.png"),
+                               QStringLiteral("14-wizard-2x2-label.png"),
+                               QStringLiteral("15-wizard-2x2-orientation.png"),
+                               QStringLiteral("16-wizard-1x4-receivers.png"),
+                               QStringLiteral("17-wizard-1x4-topology.png"),
+                               QStringLiteral("18-wizard-1x4-label.png")};
     QStringList told{QStringLiteral("Pictures of the tour:")};
     for (const QString& pass : passes) {
         const QDir folder(path("tour/") + pass);
