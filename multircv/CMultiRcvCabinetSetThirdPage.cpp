@@ -107,7 +107,7 @@ void CMultiRcvCabinetSetThirdPage::layoutWidgets()
 
     for (QWidget* const field : {static_cast<QWidget*>(m_pTypeName), static_cast<QWidget*>(m_boxes[Weight].pBox),
                                  static_cast<QWidget*>(m_boxes[Power].pBox)})
-        field->setMaximumWidth(fieldWidth);
+        field->setFixedWidth(fieldWidth);
 
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);

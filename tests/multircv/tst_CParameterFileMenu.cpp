@@ -220,7 +220,7 @@ void tst_CParameterFileMenu::longMenuScrolls()
     CParameterFileMenu menu(types(500, QStringLiteral("T")));
     opened(&menu);
     QVERIFY(menu.height() <= menu.screen()->geometry().height());
-    QVERIFY(menu.width() < 2 * 313);    // one column
+    QVERIFY(menu.width() < 2 * 313); // one column
     QTest::keyClick(&menu, Qt::Key_Down);
     QCOMPARE(menu.activeAction(), menu.browseAction());
     QTest::keyClick(&menu, Qt::Key_Up); // to the last entry
