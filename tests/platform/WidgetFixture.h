@@ -6,11 +6,24 @@
 #include <QWheelEvent>
 #include <QWidget>
 
-// Calls `answer` with the modal widget that the next statement opens.
-template<typename Answer>
-void whenModal(Answer answer)
+#include <functional>
+
+// Calls `call` from the event loop that the next statement runs.
+inline void soon(const std::function<void()>& call)
 {
-    QTimer::singleShot(0, qApp, [answer] {
+    auto* const timer = new QTimer(QCoreApplication::instance());
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, call] {
+        timer->stop();
+        timer->deleteLater();
+        call();
+    });
+    timer->start(0);
+}
+
+// Calls `answer` with the modal widget that the next statement opens.
+inline void whenModal(const std::function<void(QWidget*)>& answer)
+{
+    soon([answer] {
         QWidget* const modal = QApplication::activeModalWidget();
         if (!modal)
             qFatal("No modal widget is open");

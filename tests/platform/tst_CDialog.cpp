@@ -146,13 +146,13 @@ void tst_CDialog::otherButtonsStayOpen()
 void tst_CDialog::returnPressesDefault()
 {
     CDialog dialog;
-    auto* const edit = new QLineEdit(dialog.contentWidget());
+    QLineEdit edit(dialog.contentWidget());
     dialog.addButton(CDialog::Next);
     dialog.addButton(CDialog::Ok);
     dialog.addButton(CDialog::Cancel);
     dialog.show();
     QVERIFY(dialog.button(CDialog::Ok)->isDefault());
-    QTest::keyClick(edit, Qt::Key_Return);
+    QTest::keyClick(&edit, Qt::Key_Return);
     QVERIFY(!dialog.isVisible());
     QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
 }
@@ -160,12 +160,12 @@ void tst_CDialog::returnPressesDefault()
 void tst_CDialog::nextIsDefaultWithoutOk()
 {
     CDialog dialog;
-    auto* const edit = new QLineEdit(dialog.contentWidget());
+    QLineEdit edit(dialog.contentWidget());
     dialog.addButton(CDialog::Previous);
     QSignalSpy next(dialog.addButton(CDialog::Next), &QPushButton::clicked);
     dialog.addButton(CDialog::Cancel);
     dialog.show();
-    QTest::keyClick(edit, Qt::Key_Return);
+    QTest::keyClick(&edit, Qt::Key_Return);
     QCOMPARE(next.count(), 1);
     QVERIFY(dialog.isVisible());
 }
@@ -173,22 +173,22 @@ void tst_CDialog::nextIsDefaultWithoutOk()
 void tst_CDialog::returnPassesDisabledDefault()
 {
     CDialog dialog;
-    auto* const edit = new QLineEdit(dialog.contentWidget());
+    QLineEdit edit(dialog.contentWidget());
     dialog.addButton(CDialog::Ok)->setEnabled(false);
     dialog.addButton(CDialog::Cancel);
     dialog.show();
-    QTest::keyClick(edit, Qt::Key_Return);
+    QTest::keyClick(&edit, Qt::Key_Return);
     QVERIFY(dialog.isVisible());
 }
 
 void tst_CDialog::escapeAndClosingReject()
 {
     CDialog dialog;
-    auto* const edit = new QLineEdit(dialog.contentWidget());
+    QLineEdit edit(dialog.contentWidget());
     dialog.addButton(CDialog::Ok);
     QSignalSpy rejected(&dialog, &QDialog::rejected);
     dialog.show();
-    QTest::keyClick(edit, Qt::Key_Escape);
+    QTest::keyClick(&edit, Qt::Key_Escape);
     QVERIFY(!dialog.isVisible());
     QCOMPARE(rejected.count(), 1);
     dialog.show();

@@ -1,3 +1,4 @@
+#include "tests/platform/WidgetFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <widgetry/CMenuPushButton.h>
@@ -6,8 +7,9 @@
 #include <QApplication>
 #include <QHelpEvent>
 #include <QMenu>
-#include <QTimer>
 #include <QToolTip>
+
+#include <functional>
 
 namespace {
 
@@ -37,10 +39,9 @@ struct Button
 };
 
 // Runs `check` with the menu that the next statement opens, and closes the menu.
-template<typename Check>
-void whenMenu(Check check)
+void whenMenu(const std::function<void(QMenu&)>& check)
 {
-    QTimer::singleShot(0, qApp, [check] {
+    soon([check] {
         auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         if (!menu)
             qFatal("No menu is open");

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
+#include <array>
 #include <future>
 #include <vector>
 
@@ -14,19 +15,16 @@ namespace {
 QByteArray digest(const QString& path)
 {
     const SMD5 md5 = Utils::getFileMD5(path);
-    return QByteArray(md5.data, sizeof md5.data);
+    return {md5.data, sizeof md5.data};
 }
 
 // As SMD5 holds it: with the terminating zero.
 QByteArray expected(const char* digits)
 {
-    return QByteArray(digits, 33);
+    return {digits, 33};
 }
 
-QByteArray noDigest()
-{
-    return QByteArray(33, '\0');
-}
+const QByteArray noDigest(33, '\0');
 
 // Peak of the memory in use so far, in bytes.
 qint64 peakMemory()
@@ -142,7 +140,7 @@ void tst_FileMD5::noRegularFile_data()
 void tst_FileMD5::noRegularFile()
 {
     QFETCH(QString, file);
-    QCOMPARE(digest(file), noDigest());
+    QCOMPARE(digest(file), noDigest);
 }
 
 void tst_FileMD5::unreadableFile()
@@ -151,7 +149,7 @@ void tst_FileMD5::unreadableFile()
     QVERIFY(writeFile(file, QByteArrayLiteral("abc")));
     QVERIFY(QFile::setPermissions(file, QFile::Permissions()));
     const PermissionsApply permissionsApply;
-    QCOMPARE(digest(file), noDigest());
+    QCOMPARE(digest(file), noDigest);
 }
 
 void tst_FileMD5::manyThreads()
@@ -159,16 +157,16 @@ void tst_FileMD5::manyThreads()
     for (int i = 0; i < 64; ++i)
         QVERIFY(writeFile(path(QStringLiteral("%1.rcvp").arg(i)), QByteArray(i * 1000, 'a')));
     const auto digestAll = [this] {
-        std::vector<QByteArray> digests;
+        std::vector<QByteArray> digests(64);
         for (int i = 0; i < 64; ++i)
-            digests.push_back(digest(path(QStringLiteral("%1.rcvp").arg(i))));
+            digests[static_cast<std::size_t>(i)] = digest(path(QStringLiteral("%1.rcvp").arg(i)));
         return digests;
     };
     const std::vector<QByteArray> alone = digestAll();
     QCOMPARE(alone.front(), expected("d41d8cd98f00b204e9800998ecf8427e"));
-    std::vector<std::future<std::vector<QByteArray>>> together;
-    for (int i = 0; i < 8; ++i)
-        together.push_back(std::async(std::launch::async, digestAll));
+    std::array<std::future<std::vector<QByteArray>>, 8> together;
+    for (auto& digests : together)
+        digests = std::async(std::launch::async, digestAll);
     for (auto& digests : together)
         QVERIFY(digests.get() == alone);
 }
