@@ -12,15 +12,20 @@
 
 namespace {
 
-QString tr(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("SafeFile", text);
+    Q_DECLARE_TR_FUNCTIONS(SafeFile)
+};
+
+QString kindProblem()
+{
+    return Text::tr("This is not a regular file.");
 }
 
 // Qt does not know why when a part of the bytes could still be written.
 QString writeProblem()
 {
-    return tr("The file could not be written whole; perhaps the disk is full.");
+    return Text::tr("The file could not be written whole; perhaps the disk is full.");
 }
 
 bool succeeded(int result, QString& error)
@@ -34,7 +39,7 @@ bool isRegular(const struct stat& status, QString& error)
 {
     const bool regular = S_ISREG(status.st_mode);
     if (!regular)
-        error = tr("This is not a regular file.");
+        error = kindProblem();
     return regular;
 }
 
@@ -44,7 +49,7 @@ bool replaceAfter(const std::function<bool()>& step, const QString& path, const 
 {
     const QFileInfo old(path);
     if (old.exists() && !old.isFile()) {
-        error = tr("This is not a regular file.");
+        error = kindProblem();
         return false;
     }
     QSaveFile file(path); // follows links
@@ -100,7 +105,7 @@ std::optional<QByteArray> SafeFile::read(const QString& path, qint64 limit, QStr
     if (!openForReading(file, path, error))
         return std::nullopt;
     if (file.size() > limit) {
-        error = tr("The file is longer than %1 bytes.").arg(limit);
+        error = Text::tr("The file is longer than %1 bytes.").arg(limit);
         return std::nullopt;
     }
     const QByteArray content = file.read(file.size());

@@ -14,10 +14,10 @@ constexpr quint32 fixedLength = 61; // bytes before the name
 constexpr int maxNameLength = 1024; // bytes of UTF-8; four times what a file name may have
 constexpr int utf8Mib = 106;
 
-QString tr(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("CabinetSection", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(CabinetSection)
+};
 
 bool isDigest(const char* digest)
 {
@@ -51,18 +51,18 @@ QString CabinetSection::problemOf(const SHwRcvInCabinetInfo& info)
 {
     const auto cells = std::size_t{info.columns} * info.rows;
     if (cells < 1 || cells > info.wiringOrder.size())
-        return tr("The record has %1 x %2 receivers; 1 to 10 are possible.").arg(info.columns).arg(info.rows);
+        return Text::tr("The record has %1 x %2 receivers; 1 to 10 are possible.").arg(info.columns).arg(info.rows);
     if (!isPermutation(info))
-        return tr("The record's wiring does not pass through every receiver once.");
+        return Text::tr("The record's wiring does not pass through every receiver once.");
     if (!isDigest(info.md5.data))
-        return tr("The record's digest is not made of hexadecimal digits.");
+        return Text::tr("The record's digest is not made of hexadecimal digits.");
     if (!isLabelValue(info.weight) || !isLabelValue(info.power) || !isLabelValue(info.voltageMin) ||
         !isLabelValue(info.voltageMax))
-        return tr("The record's weight, power or voltage is negative or not a number.");
+        return Text::tr("The record's weight, power or voltage is negative or not a number.");
     if (info.voltageMin > info.voltageMax)
-        return tr("The record's lower voltage limit is above the upper one.");
+        return Text::tr("The record's lower voltage limit is above the upper one.");
     if (info.name.toUtf8().size() > maxNameLength)
-        return tr("The record's name is too long.");
+        return Text::tr("The record's name is too long.");
     return {};
 }
 
@@ -83,7 +83,7 @@ void CabinetSection::write(QDataStream& out, const SHwRcvInCabinetInfo& info)
 std::optional<SHwRcvInCabinetInfo> CabinetSection::read(QDataStream& in, quint32 length, QString& error)
 {
     if (length < fixedLength || length > fixedLength + maxNameLength) {
-        error = tr("The record is %1 bytes long; %2 to %3 are possible.")
+        error = Text::tr("The record is %1 bytes long; %2 to %3 are possible.")
                     .arg(length)
                     .arg(fixedLength)
                     .arg(fixedLength + maxNameLength);
@@ -104,9 +104,9 @@ std::optional<SHwRcvInCabinetInfo> CabinetSection::read(QDataStream& in, quint32
     info.name = QTextCodec::codecForMib(utf8Mib)->toUnicode(name.constData(), name.size(), &decoding);
 
     if (decoding.invalidChars > 0 || decoding.remainingChars > 0)
-        error = tr("The record's name is not UTF-8.");
+        error = Text::tr("The record's name is not UTF-8.");
     else if (orientation > 1)
-        error = tr("The record's orientation is neither yes nor no.");
+        error = Text::tr("The record's orientation is neither yes nor no.");
     else
         error = problemOf(info);
     return error.isEmpty() ? std::make_optional(info) : std::nullopt;

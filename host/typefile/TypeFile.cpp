@@ -7,10 +7,10 @@
 
 namespace {
 
-QString tr(const char* text)
+struct Text
 {
-    return QCoreApplication::translate("TypeFile", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(TypeFile)
+};
 
 // Opens the file and leaves it at the start of the payload.
 std::optional<TypeFileHeader> openAtPayload(QFile& file, const QString& path, QString& error)
@@ -61,7 +61,7 @@ bool TypeFile::verify(const QString& path, QString& error)
         checksum.add(block);
     }
     if (checksum.value() != header->payloadChecksum) {
-        error = tr("The payload is damaged: its checksum is wrong.");
+        error = Text::tr("The payload is damaged: its checksum is wrong.");
         return false;
     }
     return true;
@@ -91,7 +91,7 @@ bool TypeFile::writeCabinet(const QString& path, const SHwRcvInCabinetInfo& info
             return false;
         const bool complete = device.pos() == bytes->size() + qint64{header->payloadSize};
         if (!complete)
-            reason = tr("The file has changed while it was being read.");
+            reason = Text::tr("The file has changed while it was being read.");
         return complete;
     };
     return bytes && SafeFile::replace(path, writeAll, error);
