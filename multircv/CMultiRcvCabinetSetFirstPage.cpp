@@ -38,6 +38,9 @@ CMultiRcvCabinetSetFirstPage::CMultiRcvCabinetSetFirstPage(const QString& librar
     selectGridSize(QSize(record.columns, record.rows));
     // After the button, which has its text from the action by then.
     connect(m_pMenu, &QMenu::triggered, this, &CMultiRcvCabinetSetFirstPage::onTriggered);
+    // When the menu is done: the host may destroy the page, and with it the menu, behind the file dialog.
+    connect(m_pMenu->browseAction(), &QAction::triggered, this, &CMultiRcvCabinetSetFirstPage::browse,
+            Qt::QueuedConnection);
     setTexts();
 }
 
@@ -111,10 +114,7 @@ void CMultiRcvCabinetSetFirstPage::selectGridSize(const QSize& size)
 
 void CMultiRcvCabinetSetFirstPage::onTriggered(QAction* action)
 {
-    // Browsing waits until the menu is done: the host may destroy the page, and with it the menu, behind the dialog.
-    if (action == m_pMenu->browseAction())
-        QMetaObject::invokeMethod(this, &CMultiRcvCabinetSetFirstPage::browse, Qt::QueuedConnection);
-    else
+    if (action != m_pMenu->browseAction())
         m_parameterFile = CParameterFileMenu::pathOf(action);
     showParameterFile();
 }

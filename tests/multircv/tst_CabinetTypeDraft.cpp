@@ -29,6 +29,7 @@ private Q_SLOTS:
     void writesNoRecordWithoutACopy();
     void copyOfReadOnlyFileIsWritable();
     void createDeleteCreate();
+    void forgetsTheCopyWithoutARecord();
 
 private:
     CabinetEdit named(const QString& name) const
@@ -254,6 +255,23 @@ void tst_CabinetTypeDraft::createDeleteCreate()
     QCOMPARE(typeOfFile(file), SSettings::TypeLibrary::STreeNode::SingleRcv);
     QVERIFY(md5OfFile(file) == md5OfFile(other));
     QVERIFY(md5OfFile(file) != first);
+}
+
+// A scan may look at the copy before its record is written.
+void tst_CabinetTypeDraft::forgetsTheCopyWithoutARecord()
+{
+    const QString file = m_pLibrary->path(QStringLiteral("Cab.rcvbp"));
+    const auto write = m_pLibrary->handler->write;
+    SMD5 early;
+    m_pLibrary->handler->write = [&](const QString& path, const SHwRcvInCabinetInfo& info) {
+        early = md5OfFile(path);
+        typeOfFile(path);
+        write(path, info);
+    };
+    CabinetTypeDraft(m_pLibrary->root(), {}).save(m_parameterFile, named(QStringLiteral("Cab")));
+    QVERIFY(early == md5OfFile(m_parameterFile));
+    QVERIFY(md5OfFile(file) != early);
+    QCOMPARE(typeOfFile(file), SSettings::TypeLibrary::STreeNode::MultiRcv);
 }
 
 SETTINGAREA_TEST_MAIN(tst_CabinetTypeDraft, QApplication)

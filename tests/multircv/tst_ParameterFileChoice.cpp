@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include <memory>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using Kind = ParameterFileChoice::Kind;
@@ -151,9 +152,14 @@ void tst_ParameterFileChoice::theVeryFileBehindALink()
     removeFromCache(file);
     const QTemporaryDir elsewhere;
     QVERIFY(QFile::link(m_pLibrary->path(QStringLiteral("G")), elsewhere.filePath(QStringLiteral("link"))));
+    struct stat before = {};
+    struct stat after = {};
+    QCOMPARE(::stat(qPrintable(file), &before), 0);
     const ParameterFileChoice choice = choose(elsewhere.filePath(QStringLiteral("link/A.rcvp")));
     QCOMPARE(choice.kind(), Kind::SameName);
     QCOMPARE(choice.take(), file);
+    QCOMPARE(::stat(qPrintable(file), &after), 0);
+    QCOMPARE(after.st_ino, before.st_ino); // not a copy of itself
     QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("G/A.rcvp=changed")}));
 }
 
