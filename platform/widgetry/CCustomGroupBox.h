@@ -13,7 +13,6 @@ class QVBoxLayout;
 class WIDGETRY_EXPORT CCustomGroupBox : public QFrame
 {
     Q_OBJECT
-    Q_PROPERTY(QString title READ title WRITE setTitle)
 
 public:
     explicit CCustomGroupBox(const QString& title = {}, QWidget* parent = nullptr);

@@ -54,14 +54,18 @@ void CWarningTipLineEdit::setWarning(bool warning)
     style()->polish(this);
     update();
     updateTip();
+    Q_EMIT notifyWarningChanged();
 }
 
 void CWarningTipLineEdit::setWarningColor(const QColor& color)
 {
+    if (m_warningColor == color)
+        return;
     m_warningColor = color;
     if (m_pTip)
         m_pTip->setColor(color);
     update();
+    Q_EMIT notifyWarningChanged();
 }
 
 // Only shows and hides: the edit's window may be walking through its children right now.

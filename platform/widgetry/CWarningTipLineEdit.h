@@ -17,8 +17,8 @@ class CWarningTip;
 class WIDGETRY_EXPORT CWarningTipLineEdit : public QLineEdit
 {
     Q_OBJECT
-    Q_PROPERTY(bool warning READ isWarningShown)
-    Q_PROPERTY(QColor warningColor READ warningColor WRITE setWarningColor)
+    Q_PROPERTY(bool warning READ isWarningShown NOTIFY notifyWarningChanged)
+    Q_PROPERTY(QColor warningColor READ warningColor WRITE setWarningColor NOTIFY notifyWarningChanged)
 
 public:
     explicit CWarningTipLineEdit(QWidget* parent = nullptr);
@@ -34,6 +34,10 @@ public:
 
     QColor warningColor() const { return m_warningColor; }
     void setWarningColor(const QColor& color);
+
+Q_SIGNALS:
+    // The warning was shown or cleared, or has another colour.
+    void notifyWarningChanged();
 
 protected:
     bool event(QEvent* event) override;

@@ -37,7 +37,6 @@ void tst_CCustomGroupBox::title()
     const auto* const label = group.findChild<QLabel*>(QStringLiteral("GroupTitle"));
     group.show();
     QCOMPARE(group.title(), text);
-    QCOMPARE(group.property("title").toString(), text);
     QCOMPARE(group.accessibleName(), text);
     QCOMPARE(label->text(), text);
     QCOMPARE(label->textFormat(), Qt::PlainText);

@@ -24,7 +24,10 @@ QByteArray expected(const char* digits)
     return {digits, 33};
 }
 
-const QByteArray noDigest(33, '\0');
+QByteArray noDigest()
+{
+    return {33, '\0'};
+}
 
 // Peak of the memory in use so far, in bytes.
 qint64 peakMemory()
@@ -140,7 +143,7 @@ void tst_FileMD5::noRegularFile_data()
 void tst_FileMD5::noRegularFile()
 {
     QFETCH(QString, file);
-    QCOMPARE(digest(file), noDigest);
+    QCOMPARE(digest(file), noDigest());
 }
 
 void tst_FileMD5::unreadableFile()
@@ -149,7 +152,7 @@ void tst_FileMD5::unreadableFile()
     QVERIFY(writeFile(file, QByteArrayLiteral("abc")));
     QVERIFY(QFile::setPermissions(file, QFile::Permissions()));
     const PermissionsApply permissionsApply;
-    QCOMPARE(digest(file), noDigest);
+    QCOMPARE(digest(file), noDigest());
 }
 
 void tst_FileMD5::manyThreads()

@@ -14,7 +14,10 @@
 
 namespace {
 
-const QStringList typeFiles{QStringLiteral("*.rcvp"), QStringLiteral("*.rcvbp")};
+QStringList typeFiles()
+{
+    return {QStringLiteral("*.rcvp"), QStringLiteral("*.rcvbp")};
+}
 
 // All entries below `folder` by their relative paths, sorted; links are not followed.
 QStringList entriesBelow(const QString& folder)
@@ -98,7 +101,7 @@ void tst_RecursiveCopyDirectory::copiesTreeWithFilters()
     for (const char* name : {"a.rcvp", "b.rcvbp", "c.txt", "G/d.rcvp", "G/e.RCVP", "G/H/f.rcvbp", "only/text.txt"})
         QVERIFY(writeFile(source(name), QByteArray(name)));
     QVERIFY(QDir().mkpath(source("empty")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("G G/H G/H/f.rcvbp G/d.rcvp a.rcvp b.rcvbp"));
     for (const char* name : {"a.rcvp", "b.rcvbp", "G/d.rcvp", "G/H/f.rcvbp"})
         QCOMPARE(readFile(target(name)), QByteArray(name));
@@ -129,7 +132,7 @@ void tst_RecursiveCopyDirectory::filters()
 void tst_RecursiveCopyDirectory::folderName()
 {
     QVERIFY(writeFile(source("G/a.rcvp"), QByteArrayLiteral("a")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles, QStringLiteral("All types")));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles(), QStringLiteral("All types")));
     QCOMPARE(readFile(target("All types/G/a.rcvp")), QByteArrayLiteral("a"));
     QCOMPARE(QDir(target()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList(QStringLiteral("All types")));
@@ -138,7 +141,7 @@ void tst_RecursiveCopyDirectory::folderName()
 void tst_RecursiveCopyDirectory::nothingMatches()
 {
     QVERIFY(writeFile(source("G/a.txt"), {}));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles, QStringLiteral("All types")));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles(), QStringLiteral("All types")));
     QVERIFY(!QFileInfo::exists(target()));
 }
 
@@ -156,7 +159,7 @@ void tst_RecursiveCopyDirectory::contents()
     for (int i = 0; i < size; ++i)
         content[i] = static_cast<char>(i * 7 + i / 256);
     QVERIFY(writeFile(source("a.rcvp"), content));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QVERIFY(readFile(target("a.rcvp")) == content);
     QCOMPARE(entriesBelow(target()), list("a.rcvp"));
 }
@@ -178,7 +181,7 @@ void tst_RecursiveCopyDirectory::oddNames()
     const QByteArray to = QFile::encodeName(target()) + name;
     QVERIFY(writeFile(source("plain"), QByteArrayLiteral("content")));
     QCOMPARE(::rename(QFile::encodeName(source("plain")).constData(), from.constData()), 0);
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     struct stat status = {};
     QCOMPARE(::stat(to.constData(), &status), 0);
     QCOMPARE(status.st_size, 7);
@@ -193,7 +196,7 @@ void tst_RecursiveCopyDirectory::deepTree()
     for (int level = 0; level < 64; ++level)
         deep += QStringLiteral("level %1/").arg(level);
     QVERIFY(writeFile(source() + deep + QStringLiteral("a.rcvp"), QByteArrayLiteral("deep")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(readFile(target() + deep + QStringLiteral("a.rcvp")), QByteArrayLiteral("deep"));
 }
 
@@ -207,7 +210,7 @@ void tst_RecursiveCopyDirectory::keepsTimeAndPermissions()
     QCOMPARE(::chmod(QFile::encodeName(source("G")).constData(), 0550), 0);
 
     const mode_t umask = ::umask(022);
-    const bool copied = Utils::RecursiveCopyDirectory(source(), target(), typeFiles);
+    const bool copied = Utils::RecursiveCopyDirectory(source(), target(), typeFiles());
     ::umask(umask);
     QVERIFY(copied);
     QCOMPARE(QFileInfo(target("G/a.rcvp")).lastModified(), changed);
@@ -223,7 +226,7 @@ void tst_RecursiveCopyDirectory::replacesExistingFile()
     QVERIFY(writeFile(source("a.rcvp"), QByteArrayLiteral("new")));
     QVERIFY(writeFile(target("a.rcvp"), QByteArrayLiteral("older and longer")));
     QVERIFY(writeFile(target("b.rcvp"), QByteArrayLiteral("stays")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(readFile(target("a.rcvp")), QByteArrayLiteral("new"));
     QCOMPARE(readFile(target("b.rcvp")), QByteArrayLiteral("stays"));
 }
@@ -235,7 +238,7 @@ void tst_RecursiveCopyDirectory::copyOntoItself()
     struct stat before = {};
     struct stat after = {};
     QCOMPARE(::stat(QFile::encodeName(source("G/a.rcvp")).constData(), &before), 0);
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), source(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), source(), typeFiles()));
     QCOMPARE(::stat(QFile::encodeName(source("G/a.rcvp")).constData(), &after), 0);
     QCOMPARE(after.st_ino, before.st_ino);
     QCOMPARE(readFile(source("G/a.rcvp")), QByteArrayLiteral("a"));
@@ -247,7 +250,7 @@ void tst_RecursiveCopyDirectory::copyIntoItself()
 {
     QVERIFY(writeFile(source("a.rcvp"), QByteArrayLiteral("a")));
     QVERIFY(writeFile(source("G/b.rcvp"), QByteArrayLiteral("b")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), source("G"), typeFiles, QStringLiteral("copy")));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), source("G"), typeFiles(), QStringLiteral("copy")));
     QCOMPARE(entriesBelow(source()), list("G G/b.rcvp G/copy G/copy/G G/copy/G/b.rcvp G/copy/a.rcvp a.rcvp"));
 }
 
@@ -255,9 +258,9 @@ void tst_RecursiveCopyDirectory::copyIntoItself()
 void tst_RecursiveCopyDirectory::copyIntoItselfAgain()
 {
     QVERIFY(writeFile(source("a.rcvp"), QByteArrayLiteral("first")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), source("copy"), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), source("copy"), typeFiles()));
     QVERIFY(writeFile(source("a.rcvp"), QByteArrayLiteral("second")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), source("copy"), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), source("copy"), typeFiles()));
     QCOMPARE(entriesBelow(source()), list("a.rcvp copy copy/a.rcvp copy/copy copy/copy/a.rcvp"));
     QCOMPARE(readFile(source("copy/a.rcvp")), QByteArrayLiteral("second"));
     QCOMPARE(readFile(source("copy/copy/a.rcvp")), QByteArrayLiteral("first"));
@@ -267,7 +270,7 @@ void tst_RecursiveCopyDirectory::copyIntoParent()
 {
     QVERIFY(writeFile(source("source/a.rcvp"), QByteArrayLiteral("outer")));
     QVERIFY(writeFile(source("source/source/a.rcvp"), QByteArrayLiteral("inner")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source("source"), source(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source("source"), source(), typeFiles()));
     QCOMPARE(readFile(source("a.rcvp")), QByteArrayLiteral("outer"));
     QCOMPARE(readFile(source("source/a.rcvp")), QByteArrayLiteral("inner"));
 }
@@ -277,7 +280,7 @@ void tst_RecursiveCopyDirectory::linkToFileInside()
     QVERIFY(writeFile(source("G/a.rcvp"), QByteArrayLiteral("a")));
     QVERIFY(makeLink(QStringLiteral("G/a.rcvp"), source("link.rcvp")));
     QVERIFY(makeLink(source("link.rcvp"), source("again.rcvp")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("G G/a.rcvp again.rcvp link.rcvp"));
     QCOMPARE(readFile(target("link.rcvp")), QByteArrayLiteral("a"));
     QVERIFY(!QFileInfo(target("link.rcvp")).isSymLink());
@@ -298,7 +301,7 @@ void tst_RecursiveCopyDirectory::linksThatAreNotFollowed()
     QVERIFY(makeLink(QStringLiteral("G"), source("sibling.rcvp")));
     QVERIFY(makeLink(QStringLiteral("nowhere"), source("dangling.rcvp")));
     QVERIFY(makeLink(QStringLiteral("self.rcvp"), source("self.rcvp")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("G G/b.rcvp a.rcvp"));
 }
 
@@ -307,7 +310,7 @@ void tst_RecursiveCopyDirectory::sourceMayBeLink()
     QVERIFY(writeFile(source("a.rcvp"), QByteArrayLiteral("a")));
     const QString link = m_folder->filePath(QStringLiteral("link"));
     QVERIFY(makeLink(source(), link));
-    QVERIFY(Utils::RecursiveCopyDirectory(link, target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(link, target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("a.rcvp"));
 }
 
@@ -318,7 +321,7 @@ void tst_RecursiveCopyDirectory::noRegularFiles()
     QVERIFY(makeFifo(source("fifo.rcvp")));
     QVERIFY(makeSocket(source("socket.rcvp")));
     QVERIFY(makeLink(QStringLiteral("fifo.rcvp"), source("link.rcvp")));
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("a.rcvp"));
 }
 
@@ -359,7 +362,7 @@ void tst_RecursiveCopyDirectory::unreadableFileAndFolder()
     QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0777), 0);
     {
         const PermissionsApply permissionsApply;
-        QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+        QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     }
     QCOMPARE(entriesBelow(target()), list("H H/d.rcvp b.rcvp"));
     QVERIFY(QFile::setPermissions(source("G"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
@@ -372,7 +375,7 @@ void tst_RecursiveCopyDirectory::targetNotWritable()
     QVERIFY(QFile::setPermissions(target(), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
     QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
     const PermissionsApply permissionsApply;
-    QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), QStringList());
 }
 
@@ -383,7 +386,7 @@ void tst_RecursiveCopyDirectory::folderInTheWay()
     QVERIFY(writeFile(source("G/c.rcvp"), QByteArrayLiteral("c")));
     QVERIFY(QDir().mkpath(target("a.rcvp")));
     QVERIFY(writeFile(target("G"), QByteArrayLiteral("file")));
-    QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("G a.rcvp b.rcvp"));
     QCOMPARE(readFile(target("G")), QByteArrayLiteral("file"));
 }
@@ -397,7 +400,7 @@ void tst_RecursiveCopyDirectory::fullDisk()
     bool copied = true;
     {
         const DiskIsFull diskIsFull(4096);
-        copied = Utils::RecursiveCopyDirectory(source(), target(), typeFiles);
+        copied = Utils::RecursiveCopyDirectory(source(), target(), typeFiles());
     }
     QVERIFY(!copied);
     QCOMPARE(entriesBelow(target()), list("other.rcvp small.rcvp"));
@@ -416,7 +419,7 @@ void tst_RecursiveCopyDirectory::killedWhileWriting()
         ::setrlimit(RLIMIT_FSIZE, &limit);
         ::setrlimit(RLIMIT_CORE, &limit);
         std::signal(SIGXFSZ, SIG_DFL);
-        Utils::RecursiveCopyDirectory(source(), target(), typeFiles);
+        Utils::RecursiveCopyDirectory(source(), target(), typeFiles());
         ::_exit(0);
     }
     int status = 0;
@@ -424,7 +427,7 @@ void tst_RecursiveCopyDirectory::killedWhileWriting()
     QVERIFY(WIFSIGNALED(status));
     QCOMPARE(readFile(target("a.rcvp")), QByteArrayLiteral("old"));
     // What it left behind is in nobody's way.
-    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles));
+    QVERIFY(Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(readFile(target("a.rcvp")), QByteArray(100000, 'a'));
 }
 
