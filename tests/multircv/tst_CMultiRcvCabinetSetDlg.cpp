@@ -823,7 +823,10 @@ void tst_CMultiRcvCabinetSetDlg::parentMayEndWhileAsked()
     QPushButton* const next = dialog->button(CDialog::Next);
     next->click();
     next->click();
-    QTimer::singleShot(0, qApp, [window] { delete window; });
+    QTimer end;
+    end.setSingleShot(true);
+    connect(&end, &QTimer::timeout, &end, [window] { delete window; });
+    end.start();
     next->click();
     QCOMPARE(m_pLibrary->files(), before);
 }

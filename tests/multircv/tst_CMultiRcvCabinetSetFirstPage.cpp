@@ -440,11 +440,14 @@ void tst_CMultiRcvCabinetSetFirstPage::keyboard()
     m_pLibrary->rescan();
     const Page other(root());
     bool opened = false;
-    QTimer::singleShot(0, other.button, [&] {
+    QTimer inMenu;
+    inMenu.setSingleShot(true);
+    connect(&inMenu, &QTimer::timeout, &inMenu, [&] {
         opened = other.button->menu()->isVisible();
         QTest::keyClick(other.button->menu(), Qt::Key_Up);
         QTest::keyClick(other.button->menu(), Qt::Key_Return);
     });
+    inMenu.start();
     QTest::keyClick(other.button, Qt::Key_Down);
     QVERIFY(opened);
     QCOMPARE(other.page.parameterFile(), m_pLibrary->path(QStringLiteral("A.rcvp")));
@@ -478,7 +481,10 @@ void tst_CMultiRcvCabinetSetFirstPage::pageMayEndWhileBrowsing()
     page->show();
     QMenu* const menu = page->findChild<CMenuPushButton*>()->menu();
     const QPointer<QWidget> guard(page);
-    QTimer::singleShot(0, qApp, [page] { delete page; });
+    QTimer end;
+    end.setSingleShot(true);
+    connect(&end, &QTimer::timeout, &end, [page] { delete page; });
+    end.start();
     menu->actions().first()->trigger();
     QCoreApplication::sendPostedEvents();
     QVERIFY(!guard);

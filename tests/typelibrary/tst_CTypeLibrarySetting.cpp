@@ -27,16 +27,25 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-// Runs `use` with the wizard that the next statement opens.
-void whenWizard(const std::function<void(CMultiRcvCabinetSetDlg*)>& use)
+// Uses the wizard that opens while it lives.
+class WhenWizard
 {
-    QTimer::singleShot(0, qApp, [use] {
-        auto* const wizard = qobject_cast<CMultiRcvCabinetSetDlg*>(QApplication::activeModalWidget());
-        if (!wizard)
-            qFatal("The wizard is not open");
-        use(wizard);
-    });
-}
+public:
+    explicit WhenWizard(const std::function<void(CMultiRcvCabinetSetDlg*)>& use)
+    {
+        m_timer.setSingleShot(true);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [use] {
+            auto* const wizard = qobject_cast<CMultiRcvCabinetSetDlg*>(QApplication::activeModalWidget());
+            if (!wizard)
+                qFatal("The wizard is not open");
+            use(wizard);
+        });
+        m_timer.start();
+    }
+
+private:
+    QTimer m_timer;
+};
 
 // Saves a type from the parameter file "Card" at the library's root.
 void makeType(CMultiRcvCabinetSetDlg* wizard)
@@ -117,7 +126,7 @@ void tst_CTypeLibrarySetting::wizardButton()
     const QIcon icon = button()->icon();
     QVERIFY(!icon.pixmap(16).isNull());
     QVERIFY(icon.pixmap(16, QIcon::Active).toImage() != icon.pixmap(16, QIcon::Normal).toImage());
-    whenWizard([](CMultiRcvCabinetSetDlg* wizard) {
+    const WhenWizard answer([](CMultiRcvCabinetSetDlg* wizard) {
         QVERIFY(wizard->isModal());
         wizard->reject();
     });
@@ -129,7 +138,7 @@ void tst_CTypeLibrarySetting::wizardSeesTheLibraryAsItIsNow()
 {
     m_pLibrary->add(QStringLiteral("Late.rcvp"), "late");
     QStringList entries;
-    whenWizard([&entries](CMultiRcvCabinetSetDlg* wizard) {
+    const WhenWizard answer([&entries](CMultiRcvCabinetSetDlg* wizard) {
         const QList<QAction*> actions =
             wizard->findChild<QPushButton*>(QStringLiteral("ParameterFile"))->menu()->actions();
         for (const QAction* action : actions)
@@ -142,7 +151,7 @@ void tst_CTypeLibrarySetting::wizardSeesTheLibraryAsItIsNow()
 
 void tst_CTypeLibrarySetting::newTypeGoesIntoTheRoot()
 {
-    whenWizard(makeType);
+    const WhenWizard answer(makeType);
     button()->click();
     QVERIFY(m_pLibrary->files().contains(QStringLiteral("Cab.rcvbp=multi card")));
 }
@@ -152,7 +161,7 @@ void tst_CTypeLibrarySetting::newTypeGoesIntoTheCurrentGroup()
     auto* const view = m_pPage->findChild<CProductTreeView*>();
     QTRY_VERIFY(find(QStringLiteral("G")).isValid());
     view->setCurrentIndex(find(QStringLiteral("G")).siblingAtColumn(1)); // whichever column is current
-    whenWizard(makeType);
+    const WhenWizard answer(makeType);
     button()->click();
     QVERIFY(m_pLibrary->files().contains(QStringLiteral("G/Cab.rcvbp=multi card")));
     QVERIFY(view->isExpanded(find(QStringLiteral("G"))));
@@ -165,7 +174,7 @@ void tst_CTypeLibrarySetting::newTypeGoesBesideTheCurrentType()
     view->expand(find(QStringLiteral("G")));
     QTRY_VERIFY(find(QStringLiteral("Other"), find(QStringLiteral("G"))).isValid());
     view->setCurrentIndex(find(QStringLiteral("Other"), find(QStringLiteral("G"))));
-    whenWizard(makeType);
+    const WhenWizard answer(makeType);
     button()->click();
     QVERIFY(m_pLibrary->files().contains(QStringLiteral("G/Cab.rcvbp=multi card")));
 }
@@ -175,7 +184,7 @@ void tst_CTypeLibrarySetting::cancelledWizardLeavesTheGroupShut()
     auto* const view = m_pPage->findChild<CProductTreeView*>();
     QTRY_VERIFY(find(QStringLiteral("G")).isValid());
     view->setCurrentIndex(find(QStringLiteral("G")));
-    whenWizard([](CMultiRcvCabinetSetDlg* wizard) { wizard->reject(); });
+    const WhenWizard answer([](CMultiRcvCabinetSetDlg* wizard) { wizard->reject(); });
     button()->click();
     QVERIFY(!view->isExpanded(find(QStringLiteral("G"))));
 }
