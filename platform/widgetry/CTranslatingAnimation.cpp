@@ -70,8 +70,9 @@ void CTranslatingAnimation::start(State direction)
     }
     m_place = m_pWidget->pos();
     m_state = direction;
-    m_progress.start();
+    m_progress.setCurrentTime(direction == State::MovingIn ? 0 : m_nDuration);
     place();
+    m_progress.start(); // may end at once, and with it this object
 }
 
 // Ends a slide with the widget in its place.

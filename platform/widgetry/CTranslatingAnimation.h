@@ -37,7 +37,8 @@ public:
     void setMoveInCompleteCallback(std::function<void()> callback);
     void setMoveOutCompleteCallback(std::function<void()> callback);
 
-    // Milliseconds of a whole slide, 0 or more.
+    // Milliseconds of a whole slide, 0 or more. With 0 a slide is over, and its callback called, when moveIn() or
+    // moveOut() returns.
     void setDuration(int milliseconds);
     int duration() const { return m_nDuration; }
 
