@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QTextStream>
 
-#include <clocale>
 #include <cstdlib>
 
 namespace {
@@ -66,7 +65,6 @@ int runWindowed(char* program, const CommandLine& commandLine)
 
 int main(int argc, char** argv)
 {
-    std::setlocale(LC_ALL, ""); // says how the arguments are encoded, and there is no application object yet
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);

@@ -233,6 +233,8 @@ void tst_CHost::closingDuringAScanWaitsForIt()
     QTRY_COMPARE(m_area->calls().size(), 4); // the worker is in the plug-in
     QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
     m_area->settings.monitoring.nRefreshInterval = 43;
+    QString error;
+    QVERIFY(m_host->save(error)); // as every minute
     m_host->window()->close();
     QVERIFY(!m_host->window()->isVisible());
     QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings"))); // it would wait for the scan
