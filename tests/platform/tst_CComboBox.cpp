@@ -17,6 +17,7 @@ private Q_SLOTS:
 
     void wheelNeedsFocus();
     void keys();
+    void listIsAsWideAsItsLongestEntry_data();
     void listIsAsWideAsItsLongestEntry();
     void listWithScrollBar();
     void disabled();
@@ -58,8 +59,17 @@ void tst_CComboBox::keys()
     QTRY_VERIFY(!m_comboBox->view()->isVisible());
 }
 
+void tst_CComboBox::listIsAsWideAsItsLongestEntry_data()
+{
+    QTest::addColumn<QString>("styleSheet");
+    QTest::newRow("list over the box") << QString();
+    QTest::newRow("list below the box") << QStringLiteral("CComboBox{combobox-popup:0;}");
+}
+
 void tst_CComboBox::listIsAsWideAsItsLongestEntry()
 {
+    QFETCH(QString, styleSheet);
+    m_comboBox->setStyleSheet(styleSheet);
     const QString entry = QStringLiteral("An entry that is much longer than the box");
     m_comboBox->addItem(entry);
     m_comboBox->setFixedWidth(60);
@@ -70,6 +80,7 @@ void tst_CComboBox::listIsAsWideAsItsLongestEntry()
 
 void tst_CComboBox::listWithScrollBar()
 {
+    m_comboBox->setStyleSheet(QStringLiteral("CComboBox{combobox-popup:0;}")); // else the list has no scroll bar
     QString entry;
     for (int i = 0; i < 30; ++i) {
         entry = QStringLiteral("A long entry: number %1").arg(i);

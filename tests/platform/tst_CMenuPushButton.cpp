@@ -256,6 +256,15 @@ void tst_CMenuPushButton::longTextIsShortened()
     const QImage before = b.button.grab().toImage();
     b.button.setDisplayText(name.left(254) + QLatin1Char('i'));
     QVERIFY(b.button.grab().toImage() != before);
+    // Ampersands are not lost: they fill most of the width.
+    b.button.setText(QString());
+    const QImage empty = b.button.grab().toImage();
+    b.button.setDisplayText(QString(255, QLatin1Char('&')));
+    const QImage ampersands = b.button.grab().toImage();
+    int columns = 0;
+    for (int x = 0; x < empty.width(); ++x)
+        columns += empty.copy(x, 0, 1, empty.height()) != ampersands.copy(x, 0, 1, empty.height());
+    QVERIFY2(columns > empty.width() / 2, qPrintable(QString::number(columns)));
     // A short text is painted as any push button paints it.
     QPushButton plain;
     plain.setMenu(b.menu);

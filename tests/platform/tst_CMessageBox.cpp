@@ -253,6 +253,8 @@ void tst_CMessageBox::longTextStaysOnScreen()
         QTest::keyClick(edit, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClick(edit, Qt::Key_PageDown);
         QVERIFY(bar->value() > 0);
+        QTest::keyClick(edit, Qt::Key_Tab);
+        QCOMPARE(box.focusWidget(), box.button(CMessageBox::Ok));
         QTest::keyClick(edit, Qt::Key_Escape);
     });
     CMessageBox::information(nullptr, text, title);

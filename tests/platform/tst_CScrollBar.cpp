@@ -132,13 +132,16 @@ void tst_CScrollBar::visibility()
 
 void tst_CScrollBar::staysHiddenWhenTheParentIsShown()
 {
-    QTableWidget table(1, 1);
-    auto* const bar = new CScrollBar(Qt::Vertical, &table);
-    bar->ConnectWithParent(&table);
-    bar->ConnectWithOtheBar(table.verticalScrollBar(), Qt::ScrollBarAsNeeded);
-    table.resize(200, 200);
-    table.show();
+    QWidget parent;
+    QScrollBar other;
+    other.setRange(0, 0);
+    auto* const bar = new CScrollBar(Qt::Vertical, &parent);
+    bar->ConnectWithParent(&parent);
+    bar->ConnectWithOtheBar(&other, Qt::ScrollBarAsNeeded);
+    parent.show();
     QVERIFY(!bar->isVisible());
+    other.setRange(0, 1);
+    QVERIFY(bar->isVisible());
 }
 
 void tst_CScrollBar::followsTheTable()

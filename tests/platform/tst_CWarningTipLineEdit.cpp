@@ -140,6 +140,11 @@ void tst_CWarningTipLineEdit::tipGoesAboveWhereNoRoomIsBelow()
     w.edit->showWarning();
     QCOMPARE(w.tip()->geometry().bottom() + 1, 160 - 2);
     QCOMPARE(w.tip()->x(), 20);
+
+    // Nor above: then below all the same.
+    w.edit->move(10, 0);
+    w.window.resize(300, 40);
+    QCOMPARE(w.tip()->pos(), QPoint(20, 10 + 24 + 2));
 }
 
 void tst_CWarningTipLineEdit::tipIsWrappedInNarrowWindow()

@@ -125,6 +125,7 @@ void tst_FileMD5::noRegularFile_data()
     QTest::newRow("not there") << path(QStringLiteral("missing.rcvp"));
     QTest::newRow("folder") << m_folder.path();
     QTest::newRow("name too long") << path(QString(300, QLatin1Char('n')));
+    QTest::newRow("reading fails") << QStringLiteral("/proc/self/mem");
     QTest::newRow("endless device") << QStringLiteral("/dev/zero");
 
     QVERIFY(makeFifo(path(QStringLiteral("fifo.rcvp"))));

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void badArguments_data();
     void badArguments();
     void unreadableFileAndFolder();
+    void readingFails();
     void targetNotWritable();
     void folderInTheWay();
     void fullDisk();
@@ -366,6 +367,15 @@ void tst_RecursiveCopyDirectory::unreadableFileAndFolder()
     }
     QCOMPARE(entriesBelow(target()), list("H H/d.rcvp b.rcvp"));
     QVERIFY(QFile::setPermissions(source("G"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+// The system has a regular file whose first byte cannot be read: the memory of the process.
+void tst_RecursiveCopyDirectory::readingFails()
+{
+    const QString process = QStringLiteral("/proc/self/task/%1").arg(::getpid());
+    QVERIFY(QFileInfo(process + QStringLiteral("/mem")).isFile());
+    QVERIFY(!Utils::RecursiveCopyDirectory(process, target(), {QStringLiteral("mem")}));
+    QCOMPARE(entriesBelow(target()), QStringList());
 }
 
 void tst_RecursiveCopyDirectory::targetNotWritable()
