@@ -65,7 +65,6 @@ CMessageBox::CMessageBox(QWidget* parent, QStyle::StandardPixmap icon, const QSt
 
     m_pText->setObjectName(QStringLiteral("MessageText"));
     m_pText->setReadOnly(true);
-    m_pText->setTabChangesFocus(true);
     m_pText->setFrameShape(QFrame::NoFrame);
     m_pText->viewport()->setAutoFillBackground(false);
     m_pText->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -31,7 +31,6 @@ void CScrollBar::ConnectWithOtheBar(QScrollBar* bar, Qt::ScrollBarPolicy policy)
         if (!m_bTakingOver)
             bar->setRange(newMinimum, newMaximum);
     });
-    hide(); // so that a parent that is shown later does not show it too
     takeOver();
 }
 

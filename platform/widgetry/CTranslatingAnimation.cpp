@@ -1,7 +1,6 @@
 #include <widgetry/CTranslatingAnimation.h>
 
 #include <QEvent>
-#include <QLayout>
 #include <QWidget>
 
 #include <utility>
@@ -62,12 +61,8 @@ void CTranslatingAnimation::start(State direction)
         m_state = direction; // the running animation goes on from where it is
         return;
     }
-    if (direction == State::MovingIn) {
-        m_pWidget->show();
-        // The layout places the widget now, before it is painted for the first time.
-        if (QLayout* const layout = m_pWidget->parentWidget()->layout())
-            layout->activate();
-    }
+    if (direction == State::MovingIn)
+        m_pWidget->show(); // the layout places it now, before it is painted for the first time
     m_place = m_pWidget->pos();
     m_state = direction;
     m_progress.setCurrentTime(direction == State::MovingIn ? 0 : m_nDuration);
