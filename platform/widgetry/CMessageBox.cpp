@@ -58,9 +58,9 @@ CMessageBox::CMessageBox(QWidget* parent, QStyle::StandardPixmap icon, const QSt
     auto* const iconLabel = new QLabel;
     iconLabel->setObjectName(QStringLiteral("MessageIcon"));
     const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
-    const qreal ratio = devicePixelRatioF();
-    QPixmap pixmap = style()->standardIcon(icon, nullptr, this).pixmap(QSize(size, size) * ratio);
-    pixmap.setDevicePixelRatio(ratio);
+    // With Qt::AA_UseHighDpiPixmaps the pixmap is larger than asked for; a style with small icons only gives less.
+    QPixmap pixmap = style()->standardIcon(icon, nullptr, this).pixmap(QSize(size, size) * devicePixelRatioF());
+    pixmap.setDevicePixelRatio(std::max(1.0, static_cast<qreal>(pixmap.width()) / size));
     iconLabel->setPixmap(pixmap);
 
     m_pText->setObjectName(QStringLiteral("MessageText"));

@@ -1,17 +1,6 @@
 #include <widgetry/CSpinBox.h>
 
-#include <QWheelEvent>
-
 CSpinBox::CSpinBox(QWidget* parent)
-    : QSpinBox(parent)
+    : SpinBoxBehaviour(parent)
 {
-    setFocusPolicy(Qt::StrongFocus);
-}
-
-void CSpinBox::wheelEvent(QWheelEvent* event)
-{
-    if (hasFocus())
-        QSpinBox::wheelEvent(event);
-    else
-        event->ignore();
 }

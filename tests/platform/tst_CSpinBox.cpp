@@ -21,6 +21,7 @@ private Q_SLOTS:
     void returnCommits();
     void leavingCommits();
     void longestValueFits();
+    void buttonsGiveWay();
     void disabled();
 
 private:
@@ -90,6 +91,37 @@ void tst_CSpinBox::longestValueFits()
     auto* const edit = m_spinBox->findChild<QLineEdit*>();
     QVERIFY(edit->width() > edit->fontMetrics().horizontalAdvance(m_spinBox->text()));
     QVERIFY(m_spinBox->text().endsWith(m_spinBox->suffix()));
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::UpDownArrows);
+}
+
+void tst_CSpinBox::buttonsGiveWay()
+{
+    QFont font = m_spinBox->font();
+    font.setPixelSize(12);
+    m_spinBox->setFont(font);
+    const auto* const edit = m_spinBox->findChild<QLineEdit*>();
+    const QString widest = QStringLiteral("100") + m_spinBox->suffix();
+    const int text = m_spinBox->fontMetrics().horizontalAdvance(widest);
+
+    m_spinBox->setFixedSize(text + 14, 24);
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::NoButtons);
+    QVERIFY(edit->width() >= text + 5);
+    m_spinBox->setFixedSize(text + 50, 24);
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::UpDownArrows);
+    QVERIFY(edit->width() >= text + 5);
+
+    // The value counts that is widest, not the one that is shown; with another suffix another one does.
+    m_spinBox->setValue(m_spinBox->minimum());
+    m_spinBox->setFixedSize(text + 14, 24);
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::NoButtons);
+    m_spinBox->setSuffix(QString());
+    m_spinBox->setFixedSize(text + 30, 24);
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::UpDownArrows);
+    m_spinBox->setSuffix(QStringLiteral(" a long suffix"));
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::NoButtons);
+    font.setPixelSize(4);
+    m_spinBox->setFont(font);
+    QCOMPARE(m_spinBox->buttonSymbols(), QAbstractSpinBox::UpDownArrows);
 }
 
 void tst_CSpinBox::disabled()

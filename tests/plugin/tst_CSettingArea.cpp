@@ -330,7 +330,7 @@ void tst_CSettingArea::typeLibraryPathFromAWorker()
     auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
     std::atomic_bool shown{false};
     std::atomic_bool readyWhileShown{false};
-    connect(tree->findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this, [&] {
+    const auto whenShown = connect(tree->findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this, [&] {
         shown = true;
         readyWhileShown = area().isTypeLibraryReady();
     });
@@ -343,6 +343,7 @@ void tst_CSettingArea::typeLibraryPathFromAWorker()
     });
     QTRY_COMPARE(result.load(), 1);
     worker.join();
+    disconnect(whenShown);
     QVERIFY(shownOnReturn);
     QVERIFY(!readyWhileShown);
     QVERIFY(area().isTypeLibraryReady());

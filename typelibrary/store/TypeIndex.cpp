@@ -30,13 +30,12 @@ void TypeIndex::clear()
 QString TypeIndex::firstWithDigest(const SMD5& md5) const
 {
     const auto found = m_byDigest.find(md5);
-    return found == m_byDigest.end() ? QString() : found->second->path;
+    return found == m_byDigest.end() ? QString() : found->second;
 }
 
 QString TypeIndex::firstWithName(const QString& name) const
 {
-    const auto found = m_byName.constFind(name);
-    return found == m_byName.constEnd() ? QString() : found.value()->path;
+    return m_byName.value(name);
 }
 
 void TypeIndex::add(const std::vector<STreeNode>& nodes)
@@ -46,9 +45,9 @@ void TypeIndex::add(const std::vector<STreeNode>& nodes)
             add(node.children);
             continue;
         }
-        m_byDigest.try_emplace(node.md5, &node);
-        const STreeNode*& first = m_byName[node.name];
-        if (!first)
-            first = &node;
+        m_byDigest.try_emplace(node.md5, node.path);
+        QString& first = m_byName[node.name];
+        if (first.isNull())
+            first = node.path;
     }
 }

@@ -30,6 +30,7 @@ public:
 private:
     void add(const std::vector<STreeNode>& nodes);
 
-    std::unordered_map<SMD5, const STreeNode*, Md5Hash> m_byDigest;
-    QHash<QString, const STreeNode*> m_byName;
+    // Paths rather than nodes: a search that finds the path here touches less memory.
+    std::unordered_map<SMD5, QString, Md5Hash> m_byDigest;
+    QHash<QString, QString> m_byName;
 };
