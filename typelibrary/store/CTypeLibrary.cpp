@@ -75,14 +75,19 @@ thread_local const CTypeLibrary::State* CTypeLibrary::State::scannedHere = nullp
 CTypeLibrary::CTypeLibrary()
     : m_pState(std::make_shared<State>())
 {
+    ScanThread::prepare();
 }
 
 CTypeLibrary::~CTypeLibrary() = default;
 
 void CTypeLibrary::setRootPath(const QString& folder)
 {
-    // The model shows clean absolute paths: the same path must give the same text everywhere.
-    const QString clean = folder.isEmpty() ? QString() : QDir::cleanPath(QDir(folder).absolutePath());
+    QString clean;
+    if (!folder.isEmpty()) {
+        const ScanThread scanning; // Qt's file classes, and not yet the wait for another scan
+        // The model shows clean absolute paths: the same path must give the same text everywhere.
+        clean = QDir::cleanPath(QDir(folder).absolutePath());
+    }
     m_pState->scan(&clean);
 }
 

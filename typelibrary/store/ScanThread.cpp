@@ -52,15 +52,18 @@ void endScans()
 
 } // namespace
 
-ScanThread::ScanThread()
+void ScanThread::prepare()
 {
-    // Registered late, and after the codec has been made: what is registered last runs first when the process ends.
+    // After the codec has been made: what is registered last runs first when the process ends.
     static const bool registered = [] {
         QTextCodec::codecForLocale();
         return std::atexit(endScans) == 0;
     }();
     Q_UNUSED(registered)
+}
 
+ScanThread::ScanThread()
+{
     if (nesting++ > 0)
         return;
     std::unique_lock<std::mutex> lock(process().mutex);

@@ -10,6 +10,10 @@
 class ScanThread
 {
 public:
+    // To be called before the first scanning thread is started: one that is under way when the process begins to end
+    // would come too late. [any thread]
+    static void prepare();
+
     ScanThread();
     ~ScanThread();
     Q_DISABLE_COPY(ScanThread)
