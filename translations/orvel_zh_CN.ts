@@ -130,23 +130,23 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>记录中有 %1 x %2 张接收卡，允许 1 至 10 张。</translation>
     </message>
     <message>
-        <source>The record's wiring does not pass through every receiver once.</source>
+        <source>The record&apos;s wiring does not pass through every receiver once.</source>
         <translation>记录中的走线没有恰好经过每张接收卡一次。</translation>
     </message>
     <message>
-        <source>The record's digest is not made of hexadecimal digits.</source>
+        <source>The record&apos;s digest is not made of hexadecimal digits.</source>
         <translation>记录中的摘要不是十六进制数字。</translation>
     </message>
     <message>
-        <source>The record's weight, power or voltage is negative or not a number.</source>
+        <source>The record&apos;s weight, power or voltage is negative or not a number.</source>
         <translation>记录中的重量、功率或电压为负数或不是数值。</translation>
     </message>
     <message>
-        <source>The record's lower voltage limit is above the upper one.</source>
+        <source>The record&apos;s lower voltage limit is above the upper one.</source>
         <translation>记录中的电压下限高于上限。</translation>
     </message>
     <message>
-        <source>The record's name is too long.</source>
+        <source>The record&apos;s name is too long.</source>
         <translation>记录中的名称过长。</translation>
     </message>
     <message>
@@ -154,11 +154,11 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>记录长度为 %1 字节，允许 %2 至 %3 字节。</translation>
     </message>
     <message>
-        <source>The record's name is not UTF-8.</source>
+        <source>The record&apos;s name is not UTF-8.</source>
         <translation>记录中的名称不是 UTF-8 编码。</translation>
     </message>
     <message>
-        <source>The record's orientation is neither yes nor no.</source>
+        <source>The record&apos;s orientation is neither yes nor no.</source>
         <translation>记录中的方向标志既不是“是”也不是“否”。</translation>
     </message>
 </context>
@@ -189,7 +189,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>接收卡的型号编号。</translation>
     </message>
     <message>
-        <source>Four 64-bit numbers of the host's own.</source>
+        <source>Four 64-bit numbers of the host&apos;s own.</source>
         <translation>主程序自用的四个 64 位数。</translation>
     </message>
     <message>
@@ -225,7 +225,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>千克</translation>
     </message>
     <message>
-        <source>Weight on the cabinet's label.</source>
+        <source>Weight on the cabinet&apos;s label.</source>
         <translation>箱体标签上的重量。</translation>
     </message>
     <message>
@@ -233,7 +233,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>瓦</translation>
     </message>
     <message>
-        <source>Power on the cabinet's label.</source>
+        <source>Power on the cabinet&apos;s label.</source>
         <translation>箱体标签上的功率。</translation>
     </message>
     <message>
@@ -241,7 +241,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>下限,上限</translation>
     </message>
     <message>
-        <source>Working voltage on the cabinet's label, in volts.</source>
+        <source>Working voltage on the cabinet&apos;s label, in volts.</source>
         <translation>箱体标签上的工作电压，单位为伏。</translation>
     </message>
     <message>
@@ -253,7 +253,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>数据区长度，默认为 0。</translation>
     </message>
     <message>
-        <source>What the payload's bytes are made from; 0 by default.</source>
+        <source>What the payload&apos;s bytes are made from; 0 by default.</source>
         <translation>生成数据区字节所用的种子，默认为 0。</translation>
     </message>
     <message>
@@ -333,6 +333,14 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <source>The file is longer than %1 bytes.</source>
         <translation>文件超过 %1 字节。</translation>
     </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>这不是普通文件。</translation>
+    </message>
+    <message>
+        <source>The file could not be written whole; perhaps the disk is full.</source>
+        <translation>文件未能完整写入，磁盘可能已满。</translation>
+    </message>
 </context>
 <context>
     <name>SettingsFile</name>
@@ -411,7 +419,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>文件多出 %1 字节。</translation>
     </message>
     <message>
-        <source>A section runs over the header's end.</source>
+        <source>A section runs over the header&apos;s end.</source>
         <translation>某个数据段超出了文件头的末尾。</translation>
     </message>
     <message>
@@ -427,7 +435,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <translation>这不是箱体类型文件。</translation>
     </message>
     <message>
-        <source>The header's size is %1; %2 to %3 bytes are possible.</source>
+        <source>The header&apos;s size is %1; %2 to %3 bytes are possible.</source>
         <translation>文件头大小为 %1，允许 %2 至 %3 字节。</translation>
     </message>
     <message>
@@ -474,19 +482,19 @@ Commands:
         <translation>文件或文件夹。</translation>
     </message>
     <message>
-        <source>There is no command "%1"; --help lists them.</source>
+        <source>There is no command &quot;%1&quot;; --help lists them.</source>
         <translation>没有命令“%1”；用 --help 查看全部命令。</translation>
     </message>
     <message>
-        <source>"%1" needs a path.</source>
+        <source>&quot;%1&quot; needs a path.</source>
         <translation>“%1”需要一个路径。</translation>
     </message>
     <message>
-        <source>"%1" takes one path.</source>
+        <source>&quot;%1&quot; takes one path.</source>
         <translation>“%1”只接受一个路径。</translation>
     </message>
     <message>
-        <source>"%1" takes no options.</source>
+        <source>&quot;%1&quot; takes no options.</source>
         <translation>“%1”不接受选项。</translation>
     </message>
 </context>
