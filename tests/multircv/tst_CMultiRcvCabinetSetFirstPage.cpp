@@ -2,6 +2,7 @@
 #include "tests/multircv/ModalScript.h"
 #include "tests/multircv/WizardLibrary.h"
 #include "tests/support/TestObject.h"
+#include "tests/support/UpperCase.h"
 
 #include <widgetry/CComboBox.h>
 #include <widgetry/CCustomGroupBox.h>
@@ -10,7 +11,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QTranslator>
 
 #include <memory>
 
@@ -25,16 +25,6 @@ QString fileDialog()
 {
     return QStringLiteral("Browse...: Parameter(*.rcvp *.rcvbp)");
 }
-
-class UpperCase : public QTranslator
-{
-public:
-    QString translate(const char* /*context*/, const char* text, const char* /*comment*/, int /*n*/) const override
-    {
-        return QString::fromUtf8(text).toUpper();
-    }
-    bool isEmpty() const override { return false; }
-};
 
 } // namespace
 
@@ -460,9 +450,7 @@ void tst_CMultiRcvCabinetSetFirstPage::followsTheLanguage()
     const Page page(root());
     const Page chosen(root());
     chosen.button->menu()->actions().at(2)->trigger();
-    UpperCase upper;
-    QCoreApplication::installTranslator(&upper);
-    QCoreApplication::sendPostedEvents();
+    const UpperCase language;
     QCOMPARE(page.button->displayText(), QStringLiteral("PLEASE SELECT CABINET TYPE FILE"));
     QCOMPARE(page.button->accessibleName(), QStringLiteral("PARAMETER FILE"));
     QCOMPARE(page.button->accessibleDescription(), QStringLiteral("PLEASE SELECT CABINET TYPE FILE"));
@@ -471,7 +459,6 @@ void tst_CMultiRcvCabinetSetFirstPage::followsTheLanguage()
     QCOMPARE(page.count->itemText(3), QStringLiteral("3 X 1"));
     QCOMPARE(page.entries().first(), QStringLiteral("BROWSE..."));
     QCOMPARE(chosen.button->displayText(), QStringLiteral("a"));
-    QCoreApplication::removeTranslator(&upper);
 }
 
 // The host may destroy the window behind an open file dialog.

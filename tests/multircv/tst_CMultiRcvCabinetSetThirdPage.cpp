@@ -1,5 +1,6 @@
 #include "multircv/CMultiRcvCabinetSetThirdPage.h"
 #include "tests/support/TestObject.h"
+#include "tests/support/UpperCase.h"
 
 #include <widgetry/CDoubleSpinBox.h>
 
@@ -7,23 +8,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
-#include <QTranslator>
 
 #include <limits>
 
 namespace {
 
 using Page = CMultiRcvCabinetSetThirdPage;
-
-class UpperCase : public QTranslator
-{
-public:
-    QString translate(const char* /*context*/, const char* text, const char* /*comment*/, int /*n*/) const override
-    {
-        return QString::fromUtf8(text).toUpper();
-    }
-    bool isEmpty() const override { return false; }
-};
 
 QLineEdit* nameEdit(const Page& page)
 {
@@ -278,9 +268,7 @@ void tst_CMultiRcvCabinetSetThirdPage::tabOrder()
 void tst_CMultiRcvCabinetSetThirdPage::followsTheLanguage()
 {
     const Page page({}, QStringLiteral("cab"));
-    UpperCase upper;
-    QCoreApplication::installTranslator(&upper);
-    QCoreApplication::sendPostedEvents();
+    const UpperCase language;
     QStringList seen;
     const auto labels = page.findChildren<QLabel*>();
     for (const QLabel* label : labels) {
@@ -294,7 +282,6 @@ void tst_CMultiRcvCabinetSetThirdPage::followsTheLanguage()
     for (const CDoubleSpinBox* one : boxes)
         QCOMPARE(one->accessibleName(), one->accessibleName().toUpper());
     QCOMPARE(page.typeName(), QStringLiteral("cab"));
-    QCoreApplication::removeTranslator(&upper);
 }
 
 SETTINGAREA_TEST_MAIN(tst_CMultiRcvCabinetSetThirdPage, QApplication)

@@ -1,24 +1,14 @@
 #include "multircv/CWizardSteps.h"
 #include "tests/support/TestObject.h"
+#include "tests/support/UpperCase.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QSvgWidget>
-#include <QTranslator>
 
 namespace {
-
-class UpperCase : public QTranslator
-{
-public:
-    QString translate(const char* /*context*/, const char* text, const char* /*comment*/, int /*n*/) const override
-    {
-        return QString::fromUtf8(text).toUpper();
-    }
-    bool isEmpty() const override { return false; }
-};
 
 QString iconFile(const QString& name)
 {
@@ -162,13 +152,10 @@ void tst_CWizardSteps::followsTheLanguage()
 {
     CWizardSteps steps;
     steps.setCurrentStep(1);
-    UpperCase upper;
-    QCoreApplication::installTranslator(&upper);
-    QCoreApplication::sendPostedEvents();
+    const UpperCase language;
     QCOMPARE(words(steps).at(0), QStringLiteral("STEP 1|color:rgb(115,115,128)"));
     QCOMPARE(words(steps).at(3), QStringLiteral("TOPOLOGY SELECTION|color:#8C8AFF"));
     QCOMPARE(words(steps).at(5), QStringLiteral("CABINET LABEL|color:rgb(240,240,246)"));
-    QCoreApplication::removeTranslator(&upper);
 }
 
 SETTINGAREA_TEST_MAIN(tst_CWizardSteps, QApplication)

@@ -2,6 +2,7 @@
 #include "plugin/SettingHandler.h"
 #include "preferences/CPreferencesSettings.h"
 #include "tests/support/AreaFixture.h"
+#include "tests/support/UpperCase.h"
 #include "typelibrary/CTypeLibrarySetting.h"
 
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QPainter>
 #include <QStackedLayout>
 #include <QTemporaryDir>
-#include <QTranslator>
 #include <QTreeView>
 
 #include <thread>
@@ -25,16 +25,6 @@ QStackedLayout* pageStack()
 // A handler of a kind that the settings area does not know.
 class OtherHandler : public IAbstractInterfaceHandler
 {
-};
-
-class UpperCase : public QTranslator
-{
-public:
-    QString translate(const char* /*context*/, const char* text, const char* /*comment*/, int /*n*/) const override
-    {
-        return QString::fromUtf8(text).toUpper();
-    }
-    bool isEmpty() const override { return false; }
 };
 
 } // namespace
@@ -151,14 +141,14 @@ void tst_CSettingArea::setCurrentTabOutOfRangeChangesNothing()
 void tst_CSettingArea::languageChangeRetitlesTheTabs()
 {
     area().setCurrentTab(1);
-    UpperCase translator;
-    QCoreApplication::installTranslator(&translator);
-    QTRY_COMPARE(tabBar()->tabText(0), QStringLiteral("PREFERENCES"));
-    QCOMPARE(tabBar()->tabText(1), QStringLiteral("TYPE LIBRARY"));
-    QCOMPARE(tabBar()->tabText(2), QStringLiteral("HEALTH SETTINGS"));
-    QCOMPARE(tabBar()->currentIndex(), 1);
-    QCoreApplication::removeTranslator(&translator);
-    QTRY_COMPARE(tabBar()->tabText(0), QStringLiteral("Preferences"));
+    {
+        const UpperCase language;
+        QCOMPARE(tabBar()->tabText(0), QStringLiteral("PREFERENCES"));
+        QCOMPARE(tabBar()->tabText(1), QStringLiteral("TYPE LIBRARY"));
+        QCOMPARE(tabBar()->tabText(2), QStringLiteral("HEALTH SETTINGS"));
+        QCOMPARE(tabBar()->currentIndex(), 1);
+    }
+    QCOMPARE(tabBar()->tabText(0), QStringLiteral("Preferences"));
 }
 
 void tst_CSettingArea::styleSheetPaintsTheBackground()
