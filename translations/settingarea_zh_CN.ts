@@ -181,6 +181,17 @@
     </message>
 </context>
 <context>
+    <name>CProductTreeDelegate</name>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
     <name>CProductTreeModel</name>
     <message>
         <source>There is already a type group with the same name.</source>

@@ -1,0 +1,58 @@
+#include "typelibrary/CProductNameDelegate.h"
+
+#include <widgetry/CToolTip.h>
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+
+namespace {
+
+// Around the editor, in pixels.
+constexpr int editorGap = 8;         // between the icon and the editor
+constexpr int editorExtraWidth = 10; // beyond the text
+constexpr int editorInset = 4;       // above and below
+
+} // namespace
+
+QWidget* CProductNameDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                                            const QModelIndex& /*index*/) const
+{
+    auto* const editor = new QLineEdit(parent);
+    static const QRegularExpression name(QStringLiteral(R"([^\\/:\*\?"<>\|\.]{0,64})"));
+    editor->setValidator(new QRegularExpressionValidator(name, editor));
+    return editor;
+}
+
+void CProductNameDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    auto* const edit = qobject_cast<QLineEdit*>(editor);
+    if (edit && edit->text().isEmpty())
+        edit->setText(index.data(Qt::EditRole).toString());
+    QStyledItemDelegate::setModelData(editor, model, index);
+}
+
+void CProductNameDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                                const QModelIndex& index) const
+{
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    editor->setGeometry(item.rect.left() + editorGap + item.decorationSize.width(), item.rect.top() + editorInset,
+                        item.fontMetrics.horizontalAdvance(item.text) + editorExtraWidth,
+                        item.rect.height() - 2 * editorInset);
+}
+
+bool CProductNameDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                                     const QModelIndex& index)
+{
+    if (event->type() == QEvent::ToolTip && index.isValid()) {
+        QStyleOptionViewItem item = option;
+        initStyleOption(&item, index);
+        if (item.fontMetrics.horizontalAdvance(item.text) > item.rect.width()) {
+            CToolTip::showText(event->globalPos(), item.text, view->viewport(), item.rect);
+            return true;
+        }
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+}
