@@ -22,6 +22,10 @@ CProductTreeView::CProductTreeView(QWidget* parent)
     setUniformRowHeights(true);
     setHeaderHidden(false);
     setEditable(true);
+    for (const auto signal : {&CProductTreeModel::rowsInserted, &CProductTreeModel::rowsRemoved})
+        connect(m_pModel, signal, this, &CProductTreeView::notifyRowsChanged);
+    connect(m_pModel, &CProductTreeModel::modelReset, this, &CProductTreeView::notifyRowsChanged);
+    connect(m_pModel, &CProductTreeModel::directoryLoaded, this, &CProductTreeView::notifyRowsChanged);
 }
 
 void CProductTreeView::setRootPath(const QString& path)
@@ -46,3 +50,27 @@ void CProductTreeView::setEditable(bool editable)
 {
     setEditTriggers(editable ? EditKeyPressed : NoEditTriggers);
 }
+
+bool CProductTreeView::hasRows() const
+{
+    return model() && m_pModel->rowCount(rootIndex()) > 0;
+}
+
+QModelIndex CProductTreeView::targetDirectory() const
+{
+    const QModelIndex current = currentIndex().siblingAtColumn(CProductTreeModel::NameColumn);
+    if (!current.isValid())
+        return rootIndex();
+    return m_pModel->isDir(current) ? current : current.parent();
+}
+
+void CProductTreeView::newTypeFolder() {}
+void CProductTreeView::importAsFolder() {}
+void CProductTreeView::importCabinetFiles() {}
+void CProductTreeView::clear() {}
+void CProductTreeView::editIndex(const QModelIndex& /*index*/) {}
+void CProductTreeView::deleteIndex(const QModelIndex& /*index*/) {}
+void CProductTreeView::editMultiRcvType() {}
+void CProductTreeView::exportCurrent() {}
+void CProductTreeView::exportByGroup() {}
+void CProductTreeView::exportAll() {}

@@ -28,6 +28,8 @@ public:
     std::function<void(const QString&, SHwRcvInCabinetInfo&)> cabinet = [](const QString&, SHwRcvInCabinetInfo&) {};
     std::function<QSize(const QString&)> resolution = [](const QString&) { return QSize(128, 64); };
     std::array<std::int64_t, 4> block{11, 12, 13, 14};
+    std::function<bool(const SMD5&)> isUsed = [](const SMD5&) { return false; };
+    QObject* progress = nullptr; // what showProgress() gives
     // What writing a record into a type file does.
     std::function<void(const QString&, const SHwRcvInCabinetInfo&)> write = [](const QString&,
                                                                                const SHwRcvInCabinetInfo&) {};
@@ -86,7 +88,7 @@ public:
     bool isTypeUsedInLayout(const SMD5& md5) override
     {
         record(QStringLiteral("isTypeUsedInLayout(%1)").arg(QLatin1String(md5.data)));
-        return false;
+        return isUsed(md5);
     }
     bool isMultiRcvCabinetFile(const QString& path) override
     {
@@ -115,12 +117,15 @@ public:
         recordQuery("queryCabinetBlock", path);
         return block;
     }
-    QObject* showProgress(const QString& text, int durationMs, const QEasingCurve& /*curve*/) override
+    QObject* showProgress(const QString& text, int durationMs, const QEasingCurve& curve) override
     {
-        record(QStringLiteral("showProgress(%1, %2)").arg(text).arg(durationMs));
-        return nullptr;
+        record(QStringLiteral("showProgress(%1, %2, %3)").arg(text).arg(durationMs).arg(curve.type()));
+        return progress;
     }
-    void endProgress(QObject* /*progress*/) override { record(QStringLiteral("endProgress()")); }
+    void endProgress(QObject* ended) override
+    {
+        record(ended == progress ? QStringLiteral("endProgress()") : QStringLiteral("endProgress(another)"));
+    }
     bool isPriorityConnectionHidden() override
     {
         record(QStringLiteral("isPriorityConnectionHidden()"));
