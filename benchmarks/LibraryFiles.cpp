@@ -17,7 +17,7 @@ void write(const QString& path, const QByteArray& content)
 void make(const LibraryFiles& files, const QString& folder)
 {
     std::mt19937_64 random(1); // its sequence is the same everywhere, unlike those of the standard distributions
-    const auto span = static_cast<std::uint64_t>(files.largest - files.smallest + 1);
+    const auto span = static_cast<std::uint64_t>(files.largest - files.smallest) + 1;
     for (int i = 0; i < files.types; ++i) {
         const QString group = QStringLiteral("%1/Group %2").arg(folder).arg(i % files.groups, 3, 10, QLatin1Char('0'));
         if (i < files.groups && !QDir().mkpath(group))

@@ -26,6 +26,8 @@ void forget(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes)
 void processEventsFor(int milliseconds)
 {
     QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(milliseconds);
     loop.exec();
 }
