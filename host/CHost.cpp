@@ -3,6 +3,8 @@
 #include "host/CHostHandler.h"
 #include "host/CLibraryLoader.h"
 #include "host/CMainWindow.h"
+#include "host/CProgress.h"
+#include "host/CProgressDisplay.h"
 #include "host/CStatusBar.h"
 #include "host/HostPaths.h"
 #include "host/Logging.h"
@@ -124,6 +126,11 @@ void CHost::installHandler()
 {
     CHostHandler::Services services;
     services.language = [this](const QLocale& locale) { setLanguage(locale); };
+    CProgressDisplay* const progress = m_pWindow->status()->progress();
+    services.showProgress = [progress](const QString& text, int durationMs, const QEasingCurve& curve) {
+        return progress->start(text, durationMs, curve);
+    };
+    services.endProgress = [progress](const QObject* run) { progress->end(run); };
     services.saveFailed = [this](const QString& text) { m_pWindow->warn(text); };
     m_pArea->setHandler(new CHostHandler(&m_project, m_pWindow.get(), services));
 }

@@ -1,5 +1,7 @@
 #include "host/CStatusBar.h"
 
+#include "host/CProgressDisplay.h"
+
 #include <widgetry/CToolTip.h>
 
 #include <QDir>
@@ -10,11 +12,13 @@
 CStatusBar::CStatusBar(QWidget* parent)
     : QStatusBar(parent),
       m_pState(addLabel("StatusState")),
+      m_pProgress(new CProgressDisplay(this)),
       m_pFolder(addLabel("StatusFolder")),
       m_pPlugin(addLabel("StatusPlugin"))
 {
     setSizeGripEnabled(false);
     addWidget(m_pState);
+    addWidget(m_pProgress);
     addPermanentWidget(m_pFolder);
     addPermanentWidget(m_pPlugin);
     setTexts();

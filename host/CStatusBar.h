@@ -2,9 +2,11 @@
 
 #include <QStatusBar>
 
+class CProgressDisplay;
 class QLabel;
 
-// The window's bottom line: what the type library is doing, how many types it holds, its folder, and the plug-in.
+// The window's bottom line: what the type library is doing, how many types it holds, what else is going on, the
+// library's folder, and the plug-in.
 // [GUI thread]
 class CStatusBar : public QStatusBar
 {
@@ -18,6 +20,8 @@ public:
     void setScanning(bool scanning);
     void setTypeCount(int types);
 
+    CProgressDisplay* progress() const { return m_pProgress; }
+
 protected:
     void changeEvent(QEvent* event) override;
 
@@ -26,6 +30,7 @@ private:
     void setTexts();
 
     QLabel* m_pState;
+    CProgressDisplay* m_pProgress;
     QLabel* m_pFolder;
     QLabel* m_pPlugin;
     QString m_plugin;

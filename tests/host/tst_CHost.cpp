@@ -1,6 +1,7 @@
 #include "host/CHost.h"
 #include "host/CLibraryLoader.h"
 #include "host/CMainWindow.h"
+#include "host/CProgressDisplay.h"
 #include "host/CStatusBar.h"
 #include "host/HostPaths.h"
 #include "plugin/interface/ISettingInterfaceHandler.h"
@@ -10,9 +11,11 @@
 #include "tests/support/TestObject.h"
 
 #include <QAction>
+#include <QEasingCurve>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QProgressBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -34,6 +37,8 @@ private Q_SLOTS:
     void theLibraryOfTheCommandLineIsNotRemembered();
     void theLanguageIsSwitchedAndRemembered();
     void theLanguageOfTheCommandLineCounts();
+    void progressIsShownInTheStatusBar();
+    void progressMayOutliveTheWindow();
     void aDamagedFileIsReported();
     void closingDuringAScanWaitsForIt();
     void closingTwiceDuringAScanEndsAtOnce();
@@ -211,6 +216,39 @@ void tst_CHost::theLanguageOfTheCommandLineCounts()
     QCOMPARE(QLocale().name(), QStringLiteral("en_US"));
     QVERIFY(m_host->window()->close());
     QCOMPARE(stored("host").value(QLatin1String("language")), QJsonValue(QStringLiteral("zh_CN")));
+}
+
+void tst_CHost::progressIsShownInTheStatusBar()
+{
+    start();
+    QWidget* const display = m_host->window()->status()->progress();
+    QVERIFY(!display->isVisible());
+    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler());
+    QObject* const progress = handler->showProgress(QStringLiteral("Importing..."), 20, QEasingCurve::InQuart);
+    QVERIFY(progress);
+    QVERIFY(display->isVisible());
+    QCOMPARE(display->findChild<QLabel*>()->text(), QStringLiteral("Importing..."));
+    QTRY_COMPARE(display->findChild<QProgressBar*>()->value(), 1000);
+    handler->endProgress(nullptr);
+    handler->endProgress(m_host->window());
+    QVERIFY(display->isVisible());
+    handler->endProgress(progress);
+    QTRY_VERIFY(!display->isVisible());
+    handler->endProgress(progress);
+}
+
+void tst_CHost::progressMayOutliveTheWindow()
+{
+    m_host = std::make_unique<CHost>(m_commandLine);
+    QVERIFY(m_host->start(FakeArea::init, {}));
+    m_host->window()->hide();
+    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler());
+    QObject* const early = handler->showProgress(QStringLiteral("Importing..."), 1000, QEasingCurve::InQuart);
+    QVERIFY(early);
+    QTRY_VERIFY(!m_host->loader()->isBusy());
+    m_host.reset();
+    handler->endProgress(early);
+    QVERIFY(!handler->showProgress(QStringLiteral("Importing..."), 1000, QEasingCurve::InQuart));
 }
 
 void tst_CHost::aDamagedFileIsReported()
