@@ -7,7 +7,7 @@
 #include "plugin/interface/ISettingInterfaceHandler.h"
 #include "tests/host/FakeArea.h"
 #include "tests/host/ModalAnswer.h"
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QAction>

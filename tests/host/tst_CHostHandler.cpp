@@ -2,7 +2,7 @@
 #include "host/project/Project.h"
 #include "host/typefile/TypeFile.h"
 #include "tests/host/TypeFileFixture.h"
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QEasingCurve>

@@ -1,5 +1,5 @@
 #include "host/project/Project.h"
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QJsonArray>

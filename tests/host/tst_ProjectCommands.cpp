@@ -2,7 +2,7 @@
 #include "host/ProjectCommands.h"
 #include "host/project/Project.h"
 #include "tests/host/ModalAnswer.h"
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QTemporaryDir>

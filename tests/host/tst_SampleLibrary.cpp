@@ -1,6 +1,6 @@
 #include "host/HostPaths.h"
 #include "host/SampleLibrary.h"
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QDirIterator>

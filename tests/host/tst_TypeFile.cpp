@@ -1,6 +1,6 @@
 #include "host/typefile/TypeFile.h"
 #include "tests/host/TypeFileFixture.h"
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QBuffer>

@@ -1,4 +1,4 @@
-#include "tests/platform/FileFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <utilbase/Utils.h>

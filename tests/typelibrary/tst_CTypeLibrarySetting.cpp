@@ -1,6 +1,7 @@
 #include "multircv/CMultiRcvCabinetSetDlg.h"
 #include "tests/multircv/WizardLibrary.h"
 #include "tests/support/TestObject.h"
+#include "tests/support/UpperCase.h"
 #include "typelibrary/CProductTreeView.h"
 #include "typelibrary/CTypeLibrarySetting.h"
 
@@ -10,22 +11,11 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
-#include <QTranslator>
 
 #include <functional>
 #include <memory>
 
 namespace {
-
-class UpperCase : public QTranslator
-{
-public:
-    QString translate(const char* /*context*/, const char* text, const char* /*comment*/, int /*n*/) const override
-    {
-        return QString::fromUtf8(text).toUpper();
-    }
-    bool isEmpty() const override { return false; }
-};
 
 // Uses the wizard that opens while it lives.
 class WhenWizard
@@ -199,12 +189,9 @@ void tst_CTypeLibrarySetting::buttonFollowsTheEditableSwitch()
 
 void tst_CTypeLibrarySetting::followsTheLanguage()
 {
-    UpperCase upper;
-    QCoreApplication::installTranslator(&upper);
-    QCoreApplication::sendPostedEvents();
+    const UpperCase upper;
     QCOMPARE(button()->toolTip(), QStringLiteral("CREATE MULTI-RECEIVER CABINET TYPE"));
     QCOMPARE(button()->accessibleName(), QStringLiteral("CREATE MULTI-RECEIVER CABINET TYPE"));
-    QCoreApplication::removeTranslator(&upper);
 }
 
 SETTINGAREA_TEST_MAIN(tst_CTypeLibrarySetting, QApplication)
