@@ -43,6 +43,7 @@ private Q_SLOTS:
     void languageChangeRetitlesTheTabs();
     void styleSheetPaintsTheBackground();
     void alwaysValid();
+    void temperatureUnitReachesTheHealthSettings();
     void recordComesBack();
     void recordKeepsWhatNoPageShows();
     void pushingTheRecordItself();
@@ -165,6 +166,14 @@ void tst_CSettingArea::alwaysValid()
 {
     QVERIFY(area().initialize());
     QVERIFY(area().isValid());
+}
+
+void tst_CSettingArea::temperatureUnitReachesTheHealthSettings()
+{
+    // What is connected already cannot be connected once more.
+    QVERIFY(!connect(area().findChild<CPreferencesSettings*>(), &CPreferencesSettings::notifyFahrenheitClicked,
+                     area().findChild<CMonitoringSettings*>(), &CMonitoringSettings::FahrenheitClicked,
+                     Qt::UniqueConnection));
 }
 
 void tst_CSettingArea::recordComesBack()

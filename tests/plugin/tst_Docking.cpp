@@ -15,6 +15,7 @@ private Q_SLOTS:
     void withoutOverlayThereIsNoPanel();
     void onlyTheFirstMainWindowCounts();
     void panelLiesOnTheOverlay();
+    void overlayWithAnotherLayoutKeepsIt();
     void shortcutClickSlidesThePanelIn();
     void closeShortcutPanelTellsTheHost();
     void closeShortcutPanelWhenHiddenTellsNobody();
@@ -64,6 +65,17 @@ void tst_Docking::panelLiesOnTheOverlay()
     QVERIFY(!host.panel()->isVisible());
     area().attachShortcutPanel();
     QCOMPARE(host.overlay->findChildren<CShortcutPanel*>().size(), 1);
+}
+
+void tst_Docking::overlayWithAnotherLayoutKeepsIt()
+{
+    HostWindow host;
+    delete host.overlayLayout;
+    auto* const grid = new QGridLayout(host.overlay);
+    area().attachShortcutPanel();
+    QVERIFY(host.panel());
+    QCOMPARE(host.panel()->parentWidget(), host.overlay);
+    QCOMPARE(grid->count(), 0);
 }
 
 void tst_Docking::shortcutClickSlidesThePanelIn()
