@@ -44,9 +44,6 @@ private Q_SLOTS:
     void styleSheetPaintsTheBackground();
     void alwaysValid();
     void temperatureUnitReachesTheHealthSettings();
-    void recordComesBack();
-    void recordKeepsWhatNoPageShows();
-    void pushingTheRecordItself();
     void getSettingsRescansTheLibrary();
     void setSettingsRescansTheLibrary();
     void handlerIsOwnedAndReplaced();
@@ -174,74 +171,6 @@ void tst_CSettingArea::temperatureUnitReachesTheHealthSettings()
     QVERIFY(!connect(area().findChild<CPreferencesSettings*>(), &CPreferencesSettings::notifyFahrenheitClicked,
                      area().findChild<CMonitoringSettings*>(), &CMonitoringSettings::FahrenheitClicked,
                      Qt::UniqueConnection));
-}
-
-void tst_CSettingArea::recordComesBack()
-{
-    SSettings pushed;
-    pushed.preferences.connectionPriority = 2;
-    pushed.preferences.snapSpace = 9;
-    pushed.preferences.showGrid = false;
-    pushed.monitoring.nRefreshInterval = 77;
-    pushed.monitoring.bMonitorFlag1 = false;
-    pushed.monitoring.bMonitorFlag2 = pushed.monitoring.bMonitorFlag3 = pushed.monitoring.bMonitorFlag4 = true;
-    pushed.monitoring.dVoltage3Max = 13.5;
-    pushed.email.nAlertCount = 7;
-    pushed.email.strSenderAddress = QStringLiteral("wall@site.com");
-    pushed.email.lstRecipients.append({QStringLiteral("Ann"), QStringLiteral("ann@host.com")});
-    area().setSettings(pushed);
-
-    const SSettings* const got = area().getSettings();
-    QCOMPARE(got->preferences.connectionPriority, 2);
-    QCOMPARE(got->preferences.snapSpace, 9);
-    QCOMPARE(got->preferences.showGrid, false);
-    QCOMPARE(got->monitoring.nRefreshInterval, 77);
-    QCOMPARE(got->monitoring.bMonitorFlag1, false);
-    QVERIFY(got->monitoring.bMonitorFlag2 && got->monitoring.bMonitorFlag3 && got->monitoring.bMonitorFlag4);
-    QCOMPARE(got->monitoring.dVoltage3Max, 13.5);
-    QCOMPARE(got->email.nAlertCount, 7);
-    QCOMPARE(got->email.strSenderAddress, QStringLiteral("wall@site.com"));
-    QCOMPARE(got->email.lstRecipients.size(), 1);
-    QCOMPARE(got->email.lstRecipients[0].strAddress, QStringLiteral("ann@host.com"));
-    QCOMPARE(area().getSettings(), const_cast<SSettings*>(got));
-}
-
-void tst_CSettingArea::recordKeepsWhatNoPageShows()
-{
-    SSettings pushed;
-    pushed.layoutShortcuts[0] = QKeySequence(Qt::Key_B, Qt::CTRL);
-    pushed.softEdgeShortcuts.remove(3);
-    pushed.monitoring.bVoltage4 = true;
-    pushed.monitoring.dVoltage4Min = 3.25;
-    pushed.monitoring.dVoltage4Max = 4.75;
-    area().setSettings(pushed);
-    SSettings* const held = area().getSettings();
-    QCOMPARE(held->layoutShortcuts[0], QKeySequence(Qt::Key_B, Qt::CTRL));
-    QCOMPARE(held->softEdgeShortcuts.size(), 9);
-    QCOMPARE(held->monitoring.bVoltage4, true);
-    QCOMPARE(held->monitoring.dVoltage4Min, 3.25);
-    QCOMPARE(held->monitoring.dVoltage4Max, 4.75);
-
-    // What the host writes into the held record stays there.
-    held->monitoring.bVoltage4 = false;
-    held->monitoring.dVoltage4Min = 1.5;
-    held->monitoring.dVoltage4Max = 2.5;
-    area().getSettings();
-    QCOMPARE(held->monitoring.bVoltage4, false);
-    QCOMPARE(held->monitoring.dVoltage4Min, 1.5);
-    QCOMPARE(held->monitoring.dVoltage4Max, 2.5);
-}
-
-void tst_CSettingArea::pushingTheRecordItself()
-{
-    SSettings pushed;
-    pushed.preferences.snapSpace = 11;
-    pushed.email.strSmtpServer = QStringLiteral("mail.site.com");
-    area().setSettings(pushed);
-    area().setSettings(*area().getSettings());
-    QCOMPARE(area().getSettings()->preferences.snapSpace, 11);
-    QCOMPARE(area().getSettings()->email.strSmtpServer, QStringLiteral("mail.site.com"));
-    QCOMPARE(area().getSettings()->layoutShortcuts.size(), 10);
 }
 
 void tst_CSettingArea::getSettingsRescansTheLibrary()
