@@ -16,7 +16,7 @@ constexpr int buttonGap = 8;
 
 constexpr int noButton = -1;
 constexpr QPoint nowhere(-1, -1);
-constexpr double dimmed = 0.35;
+constexpr double dimmed = 0.4;
 
 // The position in units of the painter that is at its nearest corner of device pixels. From there pictures are as sharp
 // at 125 % as at 100 %.
