@@ -235,6 +235,26 @@
         <source>Create multi-receiver cabinet type</source>
         <translation>新建多接收卡箱体类型</translation>
     </message>
+    <message>
+        <source>New type folder(Ctrl+N)</source>
+        <translation>新建类型文件夹(Ctrl+N)</translation>
+    </message>
+    <message>
+        <source>Import as folder(Ctrl+I)</source>
+        <translation>导入文件夹(Ctrl+I)</translation>
+    </message>
+    <message>
+        <source>Import cabinet type file(Suffix rcvp,rcvbp)(Ctrl+A)</source>
+        <translation>导入箱体类型文件(后缀 rcvp,rcvbp)(Ctrl+A)</translation>
+    </message>
+    <message>
+        <source>Delete all types</source>
+        <translation>删除所有类型</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete all types?</source>
+        <translation>确定要删除所有类型吗？</translation>
+    </message>
 </context>
 <context>
     <name>CWizardSteps</name>

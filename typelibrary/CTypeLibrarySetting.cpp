@@ -5,6 +5,9 @@
 #include "typelibrary/CProductTreeView.h"
 #include "typelibrary/store/CTypeLibrary.h"
 
+#include <widgetry/CMessageBox.h>
+#include <widgetry/CSeparator.h>
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPointer>
@@ -13,44 +16,101 @@
 
 namespace {
 
-constexpr int buttonSpacing = 16;
+enum Button
+{
+    NewTypeFolder,
+    ImportFolder,
+    ImportCabinet,
+    MultiRcvCabinet,
+    ClearAll,
+    ButtonCount,
+};
+
+constexpr int buttonSpacing = 16; // pixels
+
+struct ButtonLook
+{
+    const char* objectName;
+    const char* icon; // begins the names of its files
+    int key;          // with Ctrl; 0: none
+};
+
+constexpr ButtonLook looks[ButtonCount] = {
+    {"NewTypeFolder", "new-type-folder", Qt::Key_N},
+    {"ImportFolder", "import-folder", Qt::Key_I},
+    {"ImportCabinet", "import-cabinet", Qt::Key_A},
+    {"MultiRcvCabinet", "multi-receiver", 0},
+    {"ClearAll", "clear-all", 0},
+};
 
 } // namespace
 
 CTypeLibrarySetting::CTypeLibrarySetting(QWidget* parent)
     : QWidget(parent),
-      m_pView(new CProductTreeView(this)),
-      m_pMultiRcvCabinet(new QToolButton(this))
+      m_pView(new CProductTreeView(this))
 {
-    QIcon icon(QStringLiteral(":/Image/SettingArea/TypeLibrary/multi-receiver_normal.svg"));
-    icon.addFile(QStringLiteral(":/Image/SettingArea/TypeLibrary/multi-receiver_hover.svg"), {}, QIcon::Active);
-    m_pMultiRcvCabinet->setObjectName(QStringLiteral("MultiRcvCabinet"));
-    m_pMultiRcvCabinet->setIcon(icon);
-    m_pMultiRcvCabinet->setAutoRaise(true);
-    m_pMultiRcvCabinet->setFocusPolicy(Qt::StrongFocus);
-    connect(m_pMultiRcvCabinet, &QToolButton::clicked, this, &CTypeLibrarySetting::createMultiRcvCabinet);
+    createButtons();
+    layOut();
+    connect(m_pView, &CProductTreeView::notifyRowsChanged, this, &CTypeLibrarySetting::updateClearAll);
+    setTexts();
+    updateClearAll();
+}
 
-    auto* const buttons = new QHBoxLayout;
-    buttons->setSpacing(buttonSpacing);
-    buttons->addWidget(m_pMultiRcvCabinet);
-    buttons->addStretch();
+void CTypeLibrarySetting::createButtons()
+{
+    for (int number = 0; number < ButtonCount; ++number) {
+        const ButtonLook& look = looks[number];
+        const QString file = QStringLiteral(":/Image/SettingArea/TypeLibrary/%1_%2.svg").arg(QLatin1String(look.icon));
+        QIcon icon(file.arg(QStringLiteral("normal")));
+        icon.addFile(file.arg(QStringLiteral("hover")), {}, QIcon::Active);
+        auto* const button = new QToolButton(this);
+        button->setObjectName(QLatin1String(look.objectName));
+        button->setIcon(icon);
+        button->setAutoRaise(true);
+        // Qt heeds the key in the active window, as long as the button is shown and enabled: not from another tab.
+        if (look.key)
+            button->setShortcut(Qt::CTRL + look.key);
+        connect(button, &QToolButton::clicked, this, [this, number] { runOperation(number); });
+        m_buttons.insert(number, button);
+    }
+}
+
+void CTypeLibrarySetting::layOut()
+{
+    auto* const row = new QWidget(this);
+    row->setObjectName(QStringLiteral("BGTransparent"));
+    auto* const rowLayout = new QHBoxLayout(row);
+    rowLayout->setContentsMargins(0, 0, 0, 0);
+    rowLayout->setSpacing(buttonSpacing);
+    for (auto button = m_buttons.cbegin(); button != m_buttons.cend(); ++button) {
+        if (button.key() == ClearAll) {
+            auto* const separator = new CSeparator(0, QFrame::VLine, row);
+            separator->setStyleSheet(QStringLiteral("background:rgba(57, 57, 64, 1);width: 1px;"));
+            rowLayout->addWidget(separator);
+        }
+        rowLayout->addWidget(button.value());
+    }
+    rowLayout->addStretch();
 
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(buttons);
-    layout->addWidget(m_pView);
-    setTabOrder(m_pMultiRcvCabinet, m_pView);
-    setTexts();
+    layout->addWidget(row);
+    layout->addWidget(m_pView, 1);
+    setTabOrder(m_buttons.last(), m_pView);
 }
 
 void CTypeLibrarySetting::setData(const QString& rootPath)
 {
     m_pView->setRootPath(rootPath);
+    updateClearAll();
 }
 
 void CTypeLibrarySetting::setEditable(bool editable)
 {
-    m_pMultiRcvCabinet->setEnabled(editable);
+    m_bDisabled = !editable;
+    for (const int number : {NewTypeFolder, ImportFolder, ImportCabinet, MultiRcvCabinet})
+        m_buttons[number]->setEnabled(editable);
+    updateClearAll();
     m_pView->setEditable(editable);
 }
 
@@ -63,20 +123,60 @@ void CTypeLibrarySetting::changeEvent(QEvent* event)
 
 void CTypeLibrarySetting::setTexts()
 {
-    m_pMultiRcvCabinet->setToolTip(tr("Create multi-receiver cabinet type"));
-    m_pMultiRcvCabinet->setAccessibleName(m_pMultiRcvCabinet->toolTip());
+    for (auto button = m_buttons.cbegin(); button != m_buttons.cend(); ++button) {
+        button.value()->setToolTip(buttonText(button.key()));
+        button.value()->setAccessibleName(buttonText(button.key()));
+    }
 }
 
-// Runs the wizard; the new type goes into the current folder, or the one that the current type lies in.
+QString CTypeLibrarySetting::buttonText(int button)
+{
+    switch (button) {
+    case NewTypeFolder:
+        return tr("New type folder(Ctrl+N)");
+    case ImportFolder:
+        return tr("Import as folder(Ctrl+I)");
+    case ImportCabinet:
+        return tr("Import cabinet type file(Suffix rcvp,rcvbp)(Ctrl+A)");
+    case MultiRcvCabinet:
+        return tr("Create multi-receiver cabinet type");
+    case ClearAll:
+        return tr("Delete all types");
+    default:
+        return {};
+    }
+}
+
+void CTypeLibrarySetting::runOperation(int button)
+{
+    switch (button) {
+    case NewTypeFolder:
+        m_pView->newTypeFolder();
+        break;
+    case ImportFolder:
+        CTypeLibrary::instance().updateLibrary(); // the searches for duplicates see the folder as it is now
+        m_pView->importAsFolder();
+        break;
+    case ImportCabinet:
+        CTypeLibrary::instance().updateLibrary();
+        m_pView->importCabinetFiles();
+        break;
+    case MultiRcvCabinet:
+        CTypeLibrary::instance().updateLibrary();
+        createMultiRcvCabinet();
+        break;
+    case ClearAll:
+        clearAll();
+        break;
+    default:
+        break;
+    }
+}
+
+// Runs the wizard; the new type goes into the folder that operations work in.
 void CTypeLibrarySetting::createMultiRcvCabinet()
 {
-    CTypeLibrary::instance().updateLibrary(); // the wizard's searches see the folder as it is now
-
-    QModelIndex current = m_pView->currentIndex().siblingAtColumn(CProductTreeModel::NameColumn);
-    if (current.isValid() &&
-        current.data(CProductTreeModel::NodeTypeRole).toInt() != SSettings::TypeLibrary::STreeNode::Group)
-        current = current.parent();
-    const QPersistentModelIndex target = current;
+    const QPersistentModelIndex target = m_pView->targetDirectory();
     const QString folder =
         target.isValid() ? target.data(CProductTreeModel::PathRole).toString() : CTypeLibrary::instance().rootPath();
 
@@ -85,7 +185,22 @@ void CTypeLibrarySetting::createMultiRcvCabinet()
     const bool accepted = wizard->exec() == QDialog::Accepted;
     if (!wizard)
         return;
-    if (accepted && target.isValid())
+    if (accepted)
         m_pView->expand(target);
     delete wizard;
+}
+
+void CTypeLibrarySetting::clearAll()
+{
+    const QPointer<CTypeLibrarySetting> self = this; // the host may destroy the page while the question is open
+    const int answer =
+        CMessageBox::question(this, tr("Are you sure you want to delete all types?"), QStringLiteral("Orvel"),
+                              CMessageBox::Yes | CMessageBox::No, CMessageBox::Yes);
+    if (self && answer == CMessageBox::YesResult)
+        m_pView->clear();
+}
+
+void CTypeLibrarySetting::updateClearAll()
+{
+    m_buttons[ClearAll]->setEnabled(!m_bDisabled && m_pView->hasRows());
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QMap>
 #include <QWidget>
 
 class CProductTreeView;
 class QToolButton;
 
-// The "Type library" page. [GUI thread]
+// The "Type library" page: a row of tool buttons above the tree of types. [GUI thread]
 class CTypeLibrarySetting : public QWidget
 {
     Q_OBJECT
@@ -23,9 +24,18 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void createButtons();
+    void layOut();
     void setTexts();
+    static QString buttonText(int button);
+
+    // What the button with this number does; nothing for other numbers. Destroying the page meanwhile is safe.
+    void runOperation(int button);
     void createMultiRcvCabinet();
+    void clearAll();
+    void updateClearAll();
 
     CProductTreeView* const m_pView;
-    QToolButton* const m_pMultiRcvCabinet;
+    QMap<int, QToolButton*> m_buttons;
+    bool m_bDisabled = false; // changes are forbidden
 };
