@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
 
@@ -13,6 +14,21 @@ namespace {
 constexpr int editorGap = 8;         // between the icon and the editor
 constexpr int editorExtraWidth = 10; // beyond the text
 constexpr int editorInset = 4;       // above and below
+
+bool endsEditing(const QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    switch (static_cast<const QKeyEvent*>(event)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return true;
+    default:
+        return false;
+    }
+}
 
 } // namespace
 
@@ -55,4 +71,15 @@ bool CProductNameDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
         }
     }
     return QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+bool CProductNameDelegate::eventFilter(QObject* editor, QEvent* event)
+{
+    // A name that comes from elsewhere, with a dot in it, is not acceptable: left as it is, it would not let go.
+    auto* const edit = qobject_cast<QLineEdit*>(editor);
+    if (edit && endsEditing(event) && !edit->isModified() && !edit->hasAcceptableInput()) {
+        Q_EMIT closeEditor(edit);
+        return true;
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
 }

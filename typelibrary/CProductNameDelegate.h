@@ -18,4 +18,7 @@ public:
                               const QModelIndex& index) const override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
+
+protected:
+    bool eventFilter(QObject* editor, QEvent* event) override;
 };
