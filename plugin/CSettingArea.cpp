@@ -8,6 +8,7 @@
 #include "typelibrary/CTypeLibrarySetting.h"
 #include "typelibrary/store/CTypeLibrary.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QMainWindow>
@@ -148,6 +149,20 @@ void CSettingArea::attachShortcutPanel()
     m_pShortcutPanel->setShortcuts(m_settings.layoutShortcuts, m_settings.softEdgeShortcuts);
     if (auto* const layout = qobject_cast<QVBoxLayout*>(overlay->layout()))
         layout->addWidget(m_pShortcutPanel);
+}
+
+void CSettingArea::setHandler(IAbstractInterfaceHandler* handler)
+{
+    ISettingInterface::setHandler(handler);
+    // What the tree shows of a type may be the new handler's to say.
+    withinHost([this] {
+        const auto repaint = [page = m_pTypeLibrary] {
+            const auto views = page->findChildren<QAbstractItemView*>();
+            for (QAbstractItemView* view : views)
+                view->viewport()->update();
+        };
+        QMetaObject::invokeMethod(m_pTypeLibrary, repaint, Qt::QueuedConnection);
+    });
 }
 
 void CSettingArea::setSettings(const SSettings& settings)

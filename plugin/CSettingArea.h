@@ -26,6 +26,8 @@ public:
     // the shortcut panel on it, unless there is a panel already.
     void attachShortcutPanel();
 
+    void setHandler(IAbstractInterfaceHandler* handler) override;
+
     QWidget* widget() override { return this; }
     bool initialize() override { return true; }
     bool isValid() override { return true; }

@@ -2,6 +2,8 @@
 
 #include "typelibrary/store/TypeFileAttributes.h"
 
+using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
+
 CProductFileIconProvider::CProductFileIconProvider()
     : m_group(QStringLiteral(":/Image/SettingArea/TypeLibrary/group-folder.svg")),
       m_multi(QStringLiteral(":/Image/SettingArea/TypeLibrary/product-multi.svg")),
@@ -17,8 +19,20 @@ QIcon CProductFileIconProvider::icon(IconType type) const
 QIcon CProductFileIconProvider::icon(const QFileInfo& info) const
 {
     if (info.isDir())
+        return iconOf(NodeType::Group);
+    return iconOf(isTypeFile(info) ? typeFileInfo(info.filePath(), TypeFileInfo::Type).nodeType : NodeType::None);
+}
+
+QIcon CProductFileIconProvider::iconOf(NodeType type) const
+{
+    switch (type) {
+    case NodeType::Group:
         return m_group;
-    const bool isMulti = isTypeFile(info) && typeFileInfo(info.filePath(), TypeFileInfo::Type).nodeType ==
-                                                 SSettings::TypeLibrary::STreeNode::MultiRcv;
-    return isMulti ? m_multi : m_single;
+    case NodeType::MultiRcv:
+        return m_multi;
+    case NodeType::None:
+    case NodeType::SingleRcv:
+        break;
+    }
+    return m_single;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plugin/interface/SSettings.h"
+
 #include <QFileIconProvider>
 #include <QIcon>
 
@@ -12,6 +14,8 @@ public:
 
     QIcon icon(IconType type) const override;
     QIcon icon(const QFileInfo& info) const override;
+
+    QIcon iconOf(SSettings::TypeLibrary::STreeNode::NodeType type) const;
 
 private:
     // Shared by all rows, so that an icon's pixmaps are rendered once.

@@ -75,12 +75,17 @@ QVariant CProductTreeModel::data(const QModelIndex& index, int role) const
         if (index.column() == NameColumn && !isDir(index))
             return index.data(FileNameRole);
         break;
+    case Qt::DecorationRole:
+        // The base class goes on showing the icon that it got first, when there may have been no host to ask.
+        if (index.column() == NameColumn)
+            return m_pIconProvider->iconOf(nodeType(index));
+        break;
     case Qt::TextAlignmentRole:
         return int(Qt::AlignLeft | Qt::AlignVCenter);
     case FileNameRole:
         return QFileInfo(filePath(index)).completeBaseName();
     case NodeTypeRole:
-        return int(isDir(index) ? NodeType::Group : typeInfo(index, TypeFileInfo::Type).nodeType);
+        return int(nodeType(index));
     case ResolutionRole:
         return typeInfo(index, TypeFileInfo::Resolution).resolution;
     case Md5Role:
@@ -148,6 +153,11 @@ Qt::ItemFlags CProductTreeModel::flags(const QModelIndex& index) const
     if (index.isValid() && index.column() == NameColumn)
         flags |= Qt::ItemIsEditable;
     return flags;
+}
+
+NodeType CProductTreeModel::nodeType(const QModelIndex& index) const
+{
+    return isDir(index) ? NodeType::Group : typeInfo(index, TypeFileInfo::Type).nodeType;
 }
 
 TypeFileInfo CProductTreeModel::typeInfo(const QModelIndex& index, TypeFileInfo::Attribute attribute) const

@@ -48,6 +48,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    SSettings::TypeLibrary::STreeNode::NodeType nodeType(const QModelIndex& index) const;
+
     // What the row's file is known, or now found, to be; nothing for folders and for files that are no types.
     TypeFileInfo typeInfo(const QModelIndex& index, TypeFileInfo::Attribute attribute) const;
 

@@ -1,5 +1,6 @@
 #include "multircv/CabinetWiringWidget.h"
 
+#include "tests/support/PaintCounter.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -10,21 +11,6 @@
 #include <functional>
 
 namespace {
-
-// Counts what the widget paints.
-class PaintCounter : public QObject
-{
-    Q_OBJECT
-
-public:
-    int paints = 0;
-
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    }
-};
 
 // Points in the cells of a grid of 2 x 2.
 const QPoint topLeft(80, 10);

@@ -2,6 +2,7 @@
 #include "plugin/SettingHandler.h"
 #include "preferences/CPreferencesSettings.h"
 #include "tests/support/AreaFixture.h"
+#include "tests/support/PaintCounter.h"
 #include "tests/support/UpperCase.h"
 #include "typelibrary/CTypeLibrarySetting.h"
 
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void handlerIsOwnedAndReplaced();
     void sameHandlerTwice();
     void otherHandlerIsNeverCalled();
+    void everyHandlerRepaintsTheTree();
     void typeLibraryPathFromAWorker();
     void missingLibraryFolderShowsNothing();
     void pathsThatOverlap();
@@ -242,6 +244,24 @@ void tst_CSettingArea::otherHandlerIsNeverCalled()
     host.panel()->show();
     area().closeShortcutPanel();
     QVERIFY(!host.panel()->isVisible());
+}
+
+void tst_CSettingArea::everyHandlerRepaintsTheTree()
+{
+    QTemporaryDir library;
+    area().setTypeLibraryPath(library.path());
+    area().setCurrentTab(1);
+    area().show();
+    PaintCounter counter;
+    area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"))->viewport()->installEventFilter(&counter);
+    // Often enough for whatever else paints the tree to be over.
+    for (int i = 0; i < 20; ++i) {
+        counter.paints = 0;
+        std::thread([] { area().setHandler(new FakeHandler); }).join();
+        QTRY_VERIFY(counter.paints > 0);
+        QCoreApplication::processEvents();
+    }
+    area().hide();
 }
 
 void tst_CSettingArea::typeLibraryPathFromAWorker()

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void expanders_data();
     void expanders();
     void icons();
+    void iconsAreNeverOutOfDate();
     void followsTheDisk();
     void knownAttributesAreNotAskedForAgain();
     void linksKeepTheirOwnPath();
@@ -321,6 +322,28 @@ void tst_CProductTreeModel::icons()
     const QModelIndex index = indexOf(QStringLiteral("multi.rcvbp"));
     QTRY_COMPARE(pixels(index.data(Qt::DecorationRole).value<QIcon>()), multiIcon);
     QTRY_COMPARE(pixels(indexOf(QStringLiteral("G.rcvp")).data(Qt::DecorationRole).value<QIcon>()), groupIcon);
+}
+
+void tst_CProductTreeModel::iconsAreNeverOutOfDate()
+{
+    const QString path = write(QStringLiteral("a.rcvbp"), "multi");
+    setStoreHandler(nullptr);
+    const QModelIndex index = indexOf(QStringLiteral("a.rcvbp"));
+    const CProductFileIconProvider provider;
+    const auto shown = [&] { return index.data(Qt::DecorationRole).value<QIcon>().pixmap(16, 16).toImage(); };
+    const QImage single = provider.iconOf(NodeType::SingleRcv).pixmap(16, 16).toImage();
+    const QImage multi = provider.iconOf(NodeType::MultiRcv).pixmap(16, 16).toImage();
+    QCOMPARE(shown(), single); // there is no host to ask
+
+    bool isMulti = true;
+    handler->isMulti = [&isMulti](const QString&) { return isMulti; };
+    setStoreHandler(handler);
+    QCOMPARE(shown(), multi);
+    isMulti = false; // as if the file had been written anew
+    QCOMPARE(shown(), multi);
+    removeFromCache(path);
+    QCOMPARE(shown(), single);
+    QVERIFY(!index.siblingAtColumn(1).data(Qt::DecorationRole).isValid());
 }
 
 void tst_CProductTreeModel::followsTheDisk()
