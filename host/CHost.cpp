@@ -15,12 +15,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 
 namespace {
 
-// How often changes on the pages reach the file while the program runs.
-constexpr int saveIntervalMs = 60000;
+// How long changes on the pages may take to reach the file while the program runs.
+constexpr int saveDelayMs = 60000;
 
 // How long the closed program waits for a scan, so that the pages' last values can be collected after it.
 constexpr int closeTimeoutMs = 10000;
@@ -35,13 +36,10 @@ CHost::CHost(const CommandLine& commandLine)
       m_file(commandLine.settings.isEmpty() ? HostPaths::settingsFile() : commandLine.settings),
       m_catalogues(HostPaths::translationsFolder())
 {
-    m_saveTimer.setInterval(saveIntervalMs);
-    connect(&m_saveTimer, &QTimer::timeout, this, [this] {
-        QString error;
-        // Values must not be taken from under a dialog that is about to change them.
-        if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !save(error))
-            qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
-    });
+    m_saveTimer.setObjectName(QStringLiteral("SaveTimer"));
+    m_saveTimer.setInterval(saveDelayMs);
+    m_saveTimer.setSingleShot(true);
+    connect(&m_saveTimer, &QTimer::timeout, this, &CHost::saveUnlessBusy);
     m_countTimer.setInterval(countDelayMs);
     m_countTimer.setSingleShot(true);
     m_closeTimer.setInterval(closeTimeoutMs);
@@ -76,10 +74,38 @@ bool CHost::start(SettingArea_InitFunction init, const QString& path)
     if (library.isEmpty())
         messages << tr("The folder for the type library cannot be created: %1").arg(HostPaths::defaultLibraryFolder());
     m_pLoader->load(library);
-    m_saveTimer.start();
+    qApp->installEventFilter(this);
     if (!messages.isEmpty())
         Q_EMIT notifyTroubled(messages.join(QLatin1Char('\n')));
     return true;
+}
+
+// The pages' values are only to be had together with a scan of the library, on this thread. So they are not collected
+// every so often but only after the user has done something, which is what changes them.
+bool CHost::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::Wheel:
+    case QEvent::InputMethod:
+        if (!m_saveTimer.isActive())
+            m_saveTimer.start();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void CHost::saveUnlessBusy()
+{
+    QString error;
+    // Values must not be taken from under a dialog that is about to change them.
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget() || m_pLoader->isLoading())
+        m_saveTimer.start();
+    else if (!save(error))
+        qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
 }
 
 void CHost::openWindow()
@@ -117,6 +143,10 @@ void CHost::connectWindow()
         status->setScanning(true);
     });
     connect(m_pLoader, &CLibraryLoader::notifyLoaded, status, [status] { status->setScanning(false); });
+    connect(m_pLoader, &CLibraryLoader::notifyFailed, this, [this](const QString& folder, const QString& reason) {
+        Q_EMIT notifyTroubled(
+            tr("The type library %1 was not loaded: %2").arg(QDir::toNativeSeparators(folder), reason));
+    });
     connect(m_pLoader, &CLibraryLoader::notifyCounted, status, &CStatusBar::setTypeCount);
     connect(window, &CMainWindow::notifyActivated, &m_countTimer, qOverload<>(&QTimer::start));
     connect(&m_countTimer, &QTimer::timeout, m_pLoader, &CLibraryLoader::count);

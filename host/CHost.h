@@ -44,17 +44,20 @@ public:
     // False with the reason in `error` when the file could not be written.
     bool save(QString& error);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     // The window is closed and the settings are saved.
     void notifyFinished();
 
-    // Something at the start was not as it should be; the user is told.
+    // Something was not as it should be; the user is told once the event loop runs.
     void notifyTroubled(const QString& text);
 
 private:
     void openWindow();
     void connectWindow();
     void installHandler();
+    void saveUnlessBusy();
     QString firstLibrary();
     void chooseLibrary();
     void showProject();
@@ -73,7 +76,7 @@ private:
     std::unique_ptr<ProjectCommands> m_pProjectCommands;
     ISettingInterface* m_pArea = nullptr; // the plug-in's, valid until the process ends
     CLibraryLoader* m_pLoader = nullptr;
-    QTimer m_saveTimer;
+    QTimer m_saveTimer{this};
     QTimer m_countTimer;
     QTimer m_closeTimer;
     bool m_bClosing = false;

@@ -4,6 +4,7 @@
 #include "plugin/interface/ISettingInterface.h"
 
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 namespace {
@@ -45,16 +46,20 @@ CLibraryLoader::~CLibraryLoader()
     m_pLink->loader = nullptr;
 }
 
-// Runs `work` on a detached thread, and then emits `done` with its result.
+// Runs `work` on a detached thread, and then emits `done` with its result. False when the system has no thread to give.
 template<typename Work, typename Signal>
-void CLibraryLoader::run(Work work, Signal done)
-{
+bool CLibraryLoader::run(Work work, Signal done, QString& error)
+try {
     std::thread([link = m_pLink, work, done] {
         const auto result = work();
         const std::lock_guard<std::mutex> lock(link->mutex);
         if (link->loader)
             Q_EMIT(link->loader->*done)(result, {});
     }).detach();
+    return true;
+} catch (const std::system_error& failure) {
+    error = QString::fromLocal8Bit(failure.what());
+    return false;
 }
 
 void CLibraryLoader::load(const QString& folder)
@@ -72,8 +77,12 @@ void CLibraryLoader::start()
     m_bLoading = true;
     qCInfo(logLibrary, "loading %ls", qUtf16Printable(m_folder));
     Q_EMIT notifyLoading(m_folder);
-    run([area = m_pArea, folder = m_folder] { return area->setTypeLibraryPath(folder); },
-        &CLibraryLoader::notifyLoadDone);
+    QString error;
+    if (run([area = m_pArea, folder = m_folder] { return area->setTypeLibraryPath(folder); },
+            &CLibraryLoader::notifyLoadDone, error))
+        return;
+    Q_EMIT notifyFailed(m_folder, error);
+    Q_EMIT notifyLoadDone(false, {}); // queued, as from the worker
 }
 
 void CLibraryLoader::finishLoad(bool shown)
@@ -91,8 +100,11 @@ void CLibraryLoader::count()
 {
     if (m_bLoading)
         return;
-    ++m_nCounting;
-    run([area = m_pArea] { return typesIn(area->getTypeLibrary()); }, &CLibraryLoader::notifyCountDone);
+    QString error;
+    if (run([area = m_pArea] { return typesIn(area->getTypeLibrary()); }, &CLibraryLoader::notifyCountDone, error))
+        ++m_nCounting; // its end is queued
+    else
+        qCWarning(logLibrary, "not counted: %ls", qUtf16Printable(error));
 }
 
 void CLibraryLoader::finishCount(int types)

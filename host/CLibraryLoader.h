@@ -35,8 +35,11 @@ public:
 Q_SIGNALS:
     void notifyLoading(const QString& folder);
 
-    // The folder is loaded and shown; `shown` is false when the plug-in could not show it.
+    // The folder is loaded and shown; `shown` is false when the plug-in could not show it, or no thread was to be had.
     void notifyLoaded(const QString& folder, bool shown);
+
+    // The folder could not be loaded, for the `reason`; notifyLoaded() follows.
+    void notifyFailed(const QString& folder, const QString& reason);
 
     // The library holds this many types.
     void notifyCounted(int types);
@@ -49,7 +52,7 @@ private:
     struct Link;
 
     template<typename Work, typename Signal>
-    void run(Work work, Signal done);
+    bool run(Work work, Signal done, QString& error);
     void start();
     void finishLoad(bool shown);
     void finishCount(int types);

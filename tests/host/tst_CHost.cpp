@@ -7,6 +7,7 @@
 #include "plugin/interface/ISettingInterfaceHandler.h"
 #include "tests/host/FakeArea.h"
 #include "tests/host/ModalAnswer.h"
+#include "tests/host/NoThreads.h"
 #include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
@@ -40,6 +41,10 @@ private Q_SLOTS:
     void progressIsShownInTheStatusBar();
     void progressMayOutliveTheWindow();
     void aDamagedFileIsReported();
+    void aSystemWithoutThreadsIsReported();
+    void valuesAreSavedAfterTheUserHasDoneSomething_data();
+    void valuesAreSavedAfterTheUserHasDoneSomething();
+    void savingWaitsForAnOpenDialog();
     void closingDuringAScanWaitsForIt();
     void closingTwiceDuringAScanEndsAtOnce();
     void closingWithAnUnwritableFileAsks();
@@ -263,6 +268,64 @@ void tst_CHost::aDamagedFileIsReported()
     QCOMPARE(readFile(m_commandLine.settings + QStringLiteral(".damaged")), QByteArray("{"));
 }
 
+void tst_CHost::aSystemWithoutThreadsIsReported()
+{
+    const NoThreads none;
+    expectWarning(QRegularExpression(QStringLiteral("not counted")));
+    const ModalAnswer answer(CDialog::Ok);
+    m_host = std::make_unique<CHost>(m_commandLine);
+    QVERIFY(m_host->start(FakeArea::init, {}));
+    QTRY_VERIFY(answer.wasThere());
+    QCOMPARE(answer.text(), QStringLiteral("The type library %1 was not loaded: Resource temporarily unavailable")
+                                .arg(m_commandLine.library));
+    QTRY_VERIFY(!m_host->loader()->isBusy());
+    QCOMPARE(m_host->window()->status()->findChild<QLabel*>(QStringLiteral("StatusState"))->text(),
+             QStringLiteral("Types: 0"));
+}
+
+void tst_CHost::valuesAreSavedAfterTheUserHasDoneSomething_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("key") << true;
+    QTest::newRow("mouse") << false;
+}
+
+void tst_CHost::valuesAreSavedAfterTheUserHasDoneSomething()
+{
+    QFETCH(bool, byKey);
+    start();
+    auto* const timer = m_host->findChild<QTimer*>(QStringLiteral("SaveTimer"));
+    QCOMPARE(timer->interval(), 60'000);
+    QVERIFY(!timer->isActive());
+    timer->setInterval(0);
+    QTest::mouseMove(m_area->widget());
+    QCoreApplication::processEvents();
+    QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings"))); // which scans the library
+    if (byKey)
+        QTest::keyClick(m_area->widget(), Qt::Key_Space);
+    else
+        QTest::mouseClick(m_area->widget(), Qt::LeftButton);
+    m_area->settings.monitoring.nRefreshInterval = 43;
+    QTRY_COMPARE(m_area->calls().count(QStringLiteral("getSettings")), 1);
+    QCOMPARE(stored("monitoring").value(QLatin1String("refreshInterval")), QJsonValue(43));
+    QVERIFY(!timer->isActive());
+}
+
+void tst_CHost::savingWaitsForAnOpenDialog()
+{
+    start();
+    auto* const timer = m_host->findChild<QTimer*>(QStringLiteral("SaveTimer"));
+    timer->setInterval(0);
+    QDialog dialog(m_host->window());
+    dialog.open();
+    QSignalSpy timeout(timer, &QTimer::timeout);
+    QTest::keyClick(m_area->widget(), Qt::Key_Space);
+    QTRY_VERIFY(timeout.size() > 2);
+    QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings")));
+    dialog.close();
+    QTRY_COMPARE(m_area->calls().count(QStringLiteral("getSettings")), 1);
+}
+
 void tst_CHost::closingDuringAScanWaitsForIt()
 {
     m_area->holdScans();
@@ -272,7 +335,7 @@ void tst_CHost::closingDuringAScanWaitsForIt()
     QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
     m_area->settings.monitoring.nRefreshInterval = 43;
     QString error;
-    QVERIFY(m_host->save(error)); // as every minute
+    QVERIFY(m_host->save(error)); // as by the timer
     m_host->window()->close();
     QVERIFY(!m_host->window()->isVisible());
     QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings"))); // it would wait for the scan

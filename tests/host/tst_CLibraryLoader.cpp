@@ -1,5 +1,6 @@
 #include "host/CLibraryLoader.h"
 #include "tests/host/FakeArea.h"
+#include "tests/host/NoThreads.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@ private Q_SLOTS:
     void theLastFolderThatWaitsIsLoadedNext();
     void countingWaitsForNoLoad();
     void aLoaderMayBeDestroyedWhileItLoads();
+    void aSystemWithoutThreadsIsReported();
 };
 
 void tst_CLibraryLoader::theCallIsMadeOnAWorker()
@@ -105,6 +107,30 @@ void tst_CLibraryLoader::aLoaderMayBeDestroyedWhileItLoads()
     area.letScan();
     // The worker still comes to its end, which takes this thread's event loop.
     QTRY_COMPARE(area.calls(), (QStringList{QStringLiteral("setTypeLibraryPath(/types)"), QStringLiteral("shown")}));
+}
+
+void tst_CLibraryLoader::aSystemWithoutThreadsIsReported()
+{
+    FakeArea area;
+    CLibraryLoader loader(&area);
+    QSignalSpy failed(&loader, &CLibraryLoader::notifyFailed);
+    QSignalSpy loaded(&loader, &CLibraryLoader::notifyLoaded);
+    {
+        const NoThreads none;
+        loader.load(QStringLiteral("/types"));
+        QCOMPARE(failed.size(), 1);
+        QCOMPARE(failed.at(0).at(0), QVariant(QStringLiteral("/types")));
+        QCOMPARE(failed.at(0).at(1), QVariant(QStringLiteral("Resource temporarily unavailable")));
+        expectWarning(QRegularExpression(QStringLiteral("not counted: Resource temporarily unavailable")));
+        QTRY_COMPARE(loaded.size(), 1);
+        QCOMPARE(loaded.at(0), (QVariantList{QStringLiteral("/types"), false}));
+        QVERIFY(!loader.isBusy());
+    }
+    QCOMPARE(area.calls(), QStringList());
+    loader.load(QStringLiteral("/types"));
+    QTRY_COMPARE(loaded.size(), 2);
+    QCOMPARE(loaded.at(1), (QVariantList{QStringLiteral("/types"), true}));
+    QTRY_VERIFY(!loader.isBusy());
 }
 
 SETTINGAREA_TEST_MAIN(tst_CLibraryLoader, QApplication)
