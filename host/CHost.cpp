@@ -1,6 +1,7 @@
 #include "host/CHost.h"
 
 #include "host/CHostHandler.h"
+#include "host/CLayoutCommands.h"
 #include "host/CLibraryLoader.h"
 #include "host/CMainWindow.h"
 #include "host/CProgress.h"
@@ -17,6 +18,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QTreeView>
 
 namespace {
 
@@ -114,6 +116,7 @@ void CHost::openWindow()
     installHandler();
     m_pArea->setSettings(m_settings.record);
     m_pWindow->restoreGeometry(m_settings.host.windowGeometry);
+    m_pWindow->restoreState(m_settings.host.windowState);
     m_pWindow->setCloseQuery([this] { return queryClose(); });
 
     connectWindow();
@@ -136,6 +139,8 @@ void CHost::connectWindow()
     onCommand(CMainWindow::TypeLibrary, [this] { m_pArea->setCurrentTab(1); });
     onCommand(CMainWindow::HealthSettings, [this] { m_pArea->setCurrentTab(2); });
     connect(&m_project, &Project::notifyChanged, this, &CHost::showProject);
+    auto* const tree = m_pArea->widget()->findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    new CLayoutCommands(m_project, *window, tree, window);
 
     CStatusBar* const status = window->status();
     connect(m_pLoader, &CLibraryLoader::notifyLoading, status, [status](const QString& folder) {
@@ -212,6 +217,7 @@ bool CHost::save(QString& error)
 bool CHost::write(QString& error)
 {
     m_settings.host.windowGeometry = m_pWindow->saveGeometry();
+    m_settings.host.windowState = m_pWindow->saveState();
     return m_file.save(m_settings, error);
 }
 

@@ -1,6 +1,7 @@
 #include "host/CMainWindow.h"
 
 #include "host/COverlay.h"
+#include "host/CPlacedTypesPanel.h"
 #include "host/CStatusBar.h"
 
 #include <widgetry/CMessageBox.h>
@@ -8,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -17,6 +19,7 @@ namespace {
 
 constexpr QSize smallestSize(960, 540); // fits a screen of 1024 x 600 with a panel and a title bar
 constexpr QSize firstSize(1280, 800);
+constexpr int sideWidth = 220; // leaves room for the columns of the type library in a window of the first size
 
 QKeySequence ctrl(Qt::Key key)
 {
@@ -28,7 +31,9 @@ QKeySequence ctrl(Qt::Key key)
 CMainWindow::CMainWindow(QWidget* parent)
     : QMainWindow(parent),
       m_pDock(new QWidget(this)),
-      m_pStatus(new CStatusBar(this))
+      m_pStatus(new CStatusBar(this)),
+      m_pPlacedTypes(new CPlacedTypesPanel(this)),
+      m_pSide(new QDockWidget(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setMinimumSize(smallestSize);
@@ -40,6 +45,7 @@ CMainWindow::CMainWindow(QWidget* parent)
     new COverlay(m_pDock); // before the area, which looks for it when it is docked
     setCentralWidget(m_pDock);
     setStatusBar(m_pStatus);
+    createSide();
     createMenus();
     setTexts();
 }
@@ -62,14 +68,28 @@ void CMainWindow::warn(const QString& text)
     CMessageBox::warning(modal ? modal : this, text, QStringLiteral("Orvel"));
 }
 
+void CMainWindow::createSide()
+{
+    m_pSide->setObjectName(QStringLiteral("PlacedTypesDock"));
+    m_pSide->setWidget(m_pPlacedTypes);
+    m_pSide->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    m_pSide->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    addDockWidget(Qt::RightDockWidgetArea, m_pSide);
+    resizeDocks({m_pSide}, {sideWidth}, Qt::Horizontal);
+}
+
 void CMainWindow::createMenus()
 {
+    m_actions.insert(PlacedTypes, m_pSide->toggleViewAction());
     addMenu(FileMenu, {NewProject, OpenProject, SaveProject, SaveProjectAs, OpenLibrary, Quit});
-    addMenu(ViewMenu, {Preferences, TypeLibrary, HealthSettings});
+    addMenu(ViewMenu, {Preferences, TypeLibrary, HealthSettings, PlacedTypes});
+    addMenu(LayoutMenu, {PlaceInLayout, RemoveFromLayout});
     addMenu(HelpMenu, {About, AboutQt});
     QMenu* const file = action(FileMenu)->menu();
     file->insertSeparator(action(OpenLibrary));
     file->insertSeparator(action(Quit));
+    action(ViewMenu)->menu()->insertSeparator(action(PlacedTypes));
+    m_pPlacedTypes->setCommands(action(PlaceInLayout), action(RemoveFromLayout));
 
     // Not Ctrl+N, Ctrl+I and Ctrl+A: they belong to the type library.
     action(OpenProject)->setShortcut(QKeySequence::Open);
@@ -78,6 +98,9 @@ void CMainWindow::createMenus()
     action(Preferences)->setShortcut(ctrl(Qt::Key_1));
     action(TypeLibrary)->setShortcut(ctrl(Qt::Key_2));
     action(HealthSettings)->setShortcut(ctrl(Qt::Key_3));
+    action(PlacedTypes)->setShortcut(ctrl(Qt::Key_4));
+    action(PlaceInLayout)->setShortcut(ctrl(Qt::Key_L));
+    action(RemoveFromLayout)->setShortcut({static_cast<int>(Qt::CTRL) | static_cast<int>(Qt::SHIFT) | Qt::Key_L});
 
     connect(action(Quit), &QAction::triggered, this, &QWidget::close);
     connect(action(About), &QAction::triggered, this, &CMainWindow::showAbout);
@@ -88,12 +111,16 @@ void CMainWindow::addMenu(Command menu, const QVector<Command>& commands)
 {
     QMenu* const popup = menuBar()->addMenu(QString());
     m_actions.insert(menu, popup->menuAction());
-    for (const Command command : commands)
-        m_actions.insert(command, popup->addAction(QString()));
+    for (const Command command : commands) {
+        if (!m_actions.contains(command))
+            m_actions.insert(command, new QAction(this));
+        popup->addAction(action(command));
+    }
 }
 
 void CMainWindow::setTexts()
 {
+    m_pSide->setWindowTitle(tr("Placed types")); // also the text of the action that shows it, up to the next lines
     for (auto it = m_actions.constBegin(); it != m_actions.constEnd(); ++it)
         it.value()->setText(text(it.key()));
 }
@@ -123,6 +150,14 @@ QString CMainWindow::text(Command command)
         return tr("&Type library");
     case HealthSettings:
         return tr("&Health settings");
+    case PlacedTypes:
+        return tr("P&laced types");
+    case LayoutMenu:
+        return tr("&Layout");
+    case PlaceInLayout:
+        return tr("&Place in layout");
+    case RemoveFromLayout:
+        return tr("&Remove from layout");
     case HelpMenu:
         return tr("&Help");
     case About:

@@ -5,11 +5,13 @@
 
 #include <functional>
 
+class CPlacedTypesPanel;
 class CStatusBar;
 class QAction;
-class QMenu;
+class QDockWidget;
 
-// The host's window: the settings area in the middle, an overlay for panels above it, menus and a status bar.
+// The host's window: the settings area in the middle, an overlay for panels above it, the list of placed types beside
+// it, menus and a status bar.
 // [GUI thread]
 class CMainWindow : public QMainWindow
 {
@@ -30,6 +32,10 @@ public:
         Preferences,
         TypeLibrary,
         HealthSettings,
+        PlacedTypes,
+        LayoutMenu,
+        PlaceInLayout,
+        RemoveFromLayout,
         HelpMenu,
         About,
         AboutQt,
@@ -45,7 +51,11 @@ public:
 
     CStatusBar* status() const { return m_pStatus; }
 
-    // The command's action; a menu's is the one that opens it. Quit, About and AboutQt do their work by themselves.
+    // The list in the dock at the side.
+    CPlacedTypesPanel* placedTypes() const { return m_pPlacedTypes; }
+
+    // The command's action; a menu's is the one that opens it. PlacedTypes, which shows and hides the list, Quit, About
+    // and AboutQt do their work by themselves.
     // Never null, owned by the window.
     QAction* action(Command command) const { return m_actions.value(command); }
 
@@ -67,6 +77,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void createSide();
     void createMenus();
     void addMenu(Command menu, const QVector<Command>& commands);
     void setTexts();
@@ -75,6 +86,8 @@ private:
 
     QWidget* m_pDock;
     CStatusBar* m_pStatus;
+    CPlacedTypesPanel* m_pPlacedTypes;
+    QDockWidget* m_pSide;
     QMap<Command, QAction*> m_actions;
     std::function<bool()> m_closeQuery;
 };

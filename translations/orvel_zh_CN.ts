@@ -17,6 +17,10 @@ Quit anyway?</source>
         <translation>设置无法保存：%1
 仍要退出吗？</translation>
     </message>
+    <message>
+        <source>The type library %1 was not loaded: %2</source>
+        <translation>类型库 %1 未加载：%2</translation>
+    </message>
 </context>
 <context>
     <name>CHostHandler</name>
@@ -98,6 +102,45 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     <message>
         <source>About Orvel</source>
         <translation>关于 Orvel</translation>
+    </message>
+    <message>
+        <source>Placed types</source>
+        <translation>已布局的箱体类型</translation>
+    </message>
+    <message>
+        <source>P&amp;laced types</source>
+        <translation>已布局的箱体类型(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Layout</source>
+        <translation>布局(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Place in layout</source>
+        <translation>放入布局(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from layout</source>
+        <translation>移出布局(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>CPlacedTypesPanel</name>
+    <message>
+        <source>Placed types</source>
+        <translation>已布局的箱体类型</translation>
+    </message>
+    <message>
+        <source>The layout has no types yet. Select a type in the type library and place it.</source>
+        <translation>布局中还没有箱体类型。请在类型库中选择一个类型，然后放入布局。</translation>
+    </message>
+    <message>
+        <source>Place in layout</source>
+        <translation>放入布局</translation>
+    </message>
+    <message>
+        <source>Remove from layout</source>
+        <translation>移出布局</translation>
     </message>
 </context>
 <context>

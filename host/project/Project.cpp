@@ -89,11 +89,6 @@ int Project::indexOf(const SMD5& md5) const
     return found == m_placedTypes.end() ? -1 : static_cast<int>(found - m_placedTypes.begin());
 }
 
-bool Project::places(const SMD5& md5) const
-{
-    return indexOf(md5) >= 0;
-}
-
 bool Project::place(const SMD5& md5, const QString& name)
 {
     const QString digest = digestText(md5);
@@ -105,10 +100,9 @@ bool Project::place(const SMD5& md5, const QString& name)
     return true;
 }
 
-bool Project::remove(const SMD5& md5)
+bool Project::removeAt(int index)
 {
-    const int index = indexOf(md5);
-    if (index < 0)
+    if (index < 0 || index >= m_placedTypes.size())
         return false;
     m_placedTypes.removeAt(index);
     m_modified = true;

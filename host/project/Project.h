@@ -33,13 +33,14 @@ public:
 
     // In the order in which they were placed, each type once.
     const QVector<PlacedType>& placedTypes() const { return m_placedTypes; }
-    // The empty digest is placed nowhere.
-    bool places(const SMD5& md5) const;
+    // Position of the type with the digest among them; -1 when it is not placed, as the empty digest never is.
+    int indexOf(const SMD5& md5) const;
+    bool places(const SMD5& md5) const { return indexOf(md5) >= 0; }
 
     // False, and nothing changes, when the digest is empty or placed already.
     bool place(const SMD5& md5, const QString& name);
-    // False, and nothing changes, when the digest is not placed.
-    bool remove(const SMD5& md5);
+    // False, and nothing changes, when there is no type at the position.
+    bool removeAt(int index);
 
     // Starts an empty project without a file.
     void clear();
@@ -54,8 +55,6 @@ Q_SIGNALS:
     void notifyChanged();
 
 private:
-    int indexOf(const SMD5& md5) const; // -1 when it is not placed
-
     QVector<PlacedType> m_placedTypes;
     QJsonObject m_otherKeys; // of the project file
     QString m_path;

@@ -9,4 +9,5 @@ struct HostState
     QString language;          // name of a locale; empty: the system's
     QString libraryFolder;     // absolute; empty: the folder in the user's data location
     QByteArray windowGeometry; // as QWidget::saveGeometry() gives it; empty: none yet
+    QByteArray windowState;    // as QMainWindow::saveState() gives it; empty: none yet
 };

@@ -102,6 +102,7 @@ void hostFields(Fields& fields, Record& host)
     fields.field("language", host.language);
     fields.field("libraryFolder", host.libraryFolder);
     fields.field("windowGeometry", host.windowGeometry);
+    fields.field("windowState", host.windowState);
 }
 
 // Calls `section(key, fields)` for every section of scalar fields.

@@ -77,6 +77,7 @@ struct SSettings
 };
 
 Q_DECLARE_METATYPE(SSettings::TypeLibrary::STreeNode::NodeType)
+Q_DECLARE_METATYPE(SMD5)
 
 inline SSettings::SSettings()
     : layoutShortcuts{{0, QKeySequence(Qt::Key_A, Qt::CTRL)}, {1, QKeySequence(Qt::Key_C, Qt::CTRL)},

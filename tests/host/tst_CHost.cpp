@@ -142,9 +142,11 @@ void tst_CHost::theWindowKeepsItsSize()
 {
     start();
     m_host->window()->resize(1111, 666);
+    m_host->window()->action(CMainWindow::PlacedTypes)->trigger();
     QVERIFY(m_host->window()->close());
     restart();
     QCOMPARE(m_host->window()->size(), QSize(1111, 666));
+    QVERIFY(!m_host->window()->action(CMainWindow::PlacedTypes)->isChecked());
 }
 
 void tst_CHost::theMenusReachThePlugIn()

@@ -1,4 +1,5 @@
 #include "host/CMainWindow.h"
+#include "host/CPlacedTypesPanel.h"
 #include "host/CStatusBar.h"
 #include "host/Catalogues.h"
 #include "host/HostPaths.h"
@@ -19,6 +20,7 @@ class tst_CMainWindow : public TestObject
 private Q_SLOTS:
     void theAreaIsLaidOutBeneathTheOverlay();
     void itFitsASmallScreen();
+    void thePlacedTypesCanBeHidden();
     void theMenusFollowTheLanguage();
     void noShortcutIsTakenFromThePages();
     void theStatusBarSaysWhatIsGoingOn();
@@ -60,6 +62,29 @@ void tst_CMainWindow::itFitsASmallScreen()
     QVERIFY(window.minimumWidth() <= 1024 && window.minimumHeight() <= 560);
 }
 
+void tst_CMainWindow::thePlacedTypesCanBeHidden()
+{
+    CMainWindow window;
+    auto* const area = new QWidget(window.dock());
+    window.layOut(area);
+    window.resize(1024, 600);
+    window.show();
+    QAction* const shown = window.action(CMainWindow::PlacedTypes);
+    QVERIFY(shown->isCheckable());
+    QVERIFY(shown->isChecked());
+    QVERIFY(window.placedTypes()->isVisible());
+    QVERIFY2(window.placedTypes()->width() <= 240, qPrintable(QString::number(window.placedTypes()->width())));
+    QTRY_VERIFY(area->width() >= 780);
+    shown->trigger();
+    QVERIFY(!window.placedTypes()->isVisible());
+    QVERIFY(!shown->isChecked());
+    QTRY_COMPARE(area->width(), 1024);
+    shown->trigger();
+    QVERIFY(window.placedTypes()->isVisible());
+    QCOMPARE(window.placedTypes()->parentWidget()->windowTitle(), QStringLiteral("Placed types"));
+    QCOMPARE(shown->text(), QStringLiteral("P&laced types"));
+}
+
 void tst_CMainWindow::theMenusFollowTheLanguage()
 {
     Catalogues catalogues(HostPaths::translationsFolder());
@@ -89,7 +114,8 @@ void tst_CMainWindow::noShortcutIsTakenFromThePages()
             keys << key.toString(QKeySequence::PortableText);
     }
     keys.sort();
-    QCOMPARE(keys.join(QLatin1Char(' ')), QStringLiteral("Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+O Ctrl+Q Ctrl+S"));
+    QCOMPARE(keys.join(QLatin1Char(' ')),
+             QStringLiteral("Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+4 Ctrl+L Ctrl+O Ctrl+Q Ctrl+S Ctrl+Shift+L"));
 }
 
 void tst_CMainWindow::theStatusBarSaysWhatIsGoingOn()

@@ -86,8 +86,10 @@ void tst_Project::placesAndRemoves()
     QVERIFY(project.isModified());
     QCOMPARE(changed.count(), 2);
 
-    QVERIFY(project.remove(digestOf('a')));
-    QVERIFY(!project.remove(digestOf('a')));
+    QVERIFY(!project.removeAt(-1));
+    QVERIFY(!project.removeAt(project.placedTypes().size()));
+    QVERIFY(project.removeAt(project.indexOf(digestOf('a'))));
+    QCOMPARE(project.indexOf(digestOf('a')), -1);
     QVERIFY(!project.places(digestOf('a')));
     QCOMPARE(namesOf(project), QStringList{QStringLiteral("B")});
     QCOMPARE(changed.count(), 3);

@@ -31,6 +31,7 @@ StoredSettings unusualSettings()
     settings.host.language = QStringLiteral("zh_CN");
     settings.host.libraryFolder = QStringLiteral("/srv/\u7bb1\u4f53 \"A\"/types");
     settings.host.windowGeometry = QByteArray("\x00\x01\xff\xfe", 4);
+    settings.host.windowState = QByteArray("\x00\xff", 2);
     SSettings::Preferences& preferences = settings.record.preferences;
     preferences = {2, true, false, false, true, 0, true, true, false, true, false, 29};
     settings.record.layoutShortcuts = {{-3, QKeySequence(Qt::Key_F5)},
@@ -147,6 +148,7 @@ void compare(const StoredSettings& actual, const StoredSettings& expected)
     COMPARE_FIELD(host.language);
     COMPARE_FIELD(host.libraryFolder);
     COMPARE_FIELD(host.windowGeometry);
+    COMPARE_FIELD(host.windowState);
     COMPARE_FIELD(record.preferences.connectionPriority);
     COMPARE_FIELD(record.preferences.fahrenheit);
     COMPARE_FIELD(record.preferences.showProgrammingPane);

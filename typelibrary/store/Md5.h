@@ -2,16 +2,12 @@
 
 #include <utilbase/SMD5.h>
 
-#include <QMetaType>
-
 #include <cstddef>
 #include <cstring>
 #include <functional>
 #include <string_view>
 
 // What the plug-in needs to know about digests beyond their bytes.
-
-Q_DECLARE_METATYPE(SMD5)
 
 // Number of hexadecimal characters, which alone count when digests are compared.
 constexpr std::size_t md5Length = 32;

@@ -1,0 +1,92 @@
+#include "host/CLayoutCommands.h"
+
+#include "host/CMainWindow.h"
+#include "host/CPlacedTypesPanel.h"
+#include "plugin/interface/SSettings.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QFileInfo>
+#include <QItemSelectionModel>
+#include <QTreeView>
+
+namespace {
+
+using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
+
+// What the type library's tree says about an entry. The tree's model knows it already, while asking the settings area
+// for the library would wait for a scan.
+constexpr int nodeTypeRole = 260; // int: NodeType
+constexpr int digestRole = 262;   // SMD5
+constexpr int pathRole = 263;     // QString
+
+} // namespace
+
+CLayoutCommands::CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree, QObject* parent)
+    : QObject(parent),
+      m_project(project),
+      m_window(window),
+      m_pPanel(window.placedTypes()),
+      m_pTree(tree)
+{
+    connect(window.action(CMainWindow::PlaceInLayout), &QAction::triggered, this, &CLayoutCommands::place);
+    connect(window.action(CMainWindow::RemoveFromLayout), &QAction::triggered, this, &CLayoutCommands::remove);
+    connect(&project, &Project::notifyChanged, this, &CLayoutCommands::showProject);
+    connect(m_pPanel, &CPlacedTypesPanel::notifyCurrentChanged, this, &CLayoutCommands::enableCommands);
+    if (tree && tree->selectionModel()) {
+        connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &CLayoutCommands::followTree);
+        tree->installEventFilter(this);
+    }
+    showProject();
+}
+
+bool CLayoutCommands::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide)
+        enableCommands();
+    return QObject::eventFilter(watched, event);
+}
+
+std::optional<CLayoutCommands::Type> CLayoutCommands::treeType() const
+{
+    if (!m_pTree || !m_pTree->isVisible())
+        return std::nullopt;
+    const QModelIndex index = m_pTree->currentIndex();
+    const int nodeType = index.data(nodeTypeRole).toInt();
+    if (nodeType != NodeType::SingleRcv && nodeType != NodeType::MultiRcv)
+        return std::nullopt;
+    return Type{index.data(digestRole).value<SMD5>(), QFileInfo(index.data(pathRole).toString()).completeBaseName()};
+}
+
+void CLayoutCommands::place()
+{
+    const auto type = treeType();
+    if (type && m_project.place(type->md5, type->name))
+        followTree();
+}
+
+void CLayoutCommands::remove()
+{
+    m_project.removeAt(m_pPanel->currentRow());
+}
+
+void CLayoutCommands::showProject()
+{
+    m_pPanel->setTypes(m_project.placedTypes());
+    enableCommands();
+}
+
+void CLayoutCommands::followTree()
+{
+    const auto type = treeType();
+    m_pPanel->setCurrentRow(type ? m_project.indexOf(type->md5) : -1);
+    enableCommands();
+}
+
+void CLayoutCommands::enableCommands()
+{
+    const auto type = treeType();
+    const bool isPlaceable = type && type->md5.data[0] != '\0' && !m_project.places(type->md5);
+    m_window.action(CMainWindow::PlaceInLayout)->setEnabled(isPlaceable);
+    m_window.action(CMainWindow::RemoveFromLayout)->setEnabled(m_pPanel->currentRow() >= 0);
+}
