@@ -46,10 +46,10 @@ constexpr ButtonLook looks[ButtonCount] = {
 } // namespace
 
 CTypeLibrarySetting::CTypeLibrarySetting(QWidget* parent)
-    : QWidget(parent),
-      m_pView(new CProductTreeView(this))
+    : QWidget(parent)
 {
-    createButtons();
+    createButtons(); // first: the tab key follows the order of creation
+    m_pView = new CProductTreeView(this);
     layOut();
     connect(m_pView, &CProductTreeView::notifyRowsChanged, this, &CTypeLibrarySetting::updateClearAll);
     setTexts();
@@ -96,7 +96,6 @@ void CTypeLibrarySetting::layOut()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(row);
     layout->addWidget(m_pView, 1);
-    setTabOrder(m_buttons.last(), m_pView);
 }
 
 void CTypeLibrarySetting::setData(const QString& rootPath)

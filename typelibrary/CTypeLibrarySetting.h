@@ -35,7 +35,7 @@ private:
     void clearAll();
     void updateClearAll();
 
-    CProductTreeView* const m_pView;
-    QMap<int, QToolButton*> m_buttons;
+    QMap<int, QToolButton*> m_buttons; // by number
+    CProductTreeView* m_pView = nullptr;
     bool m_bDisabled = false; // changes are forbidden
 };

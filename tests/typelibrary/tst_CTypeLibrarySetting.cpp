@@ -111,16 +111,26 @@ void tst_CTypeLibrarySetting::row()
 
 void tst_CTypeLibrarySetting::tabOrder()
 {
-    const LibraryPage shown;
+    LibraryPage shown;
     QTRY_VERIFY(shown.button("ClearAll")->isEnabled());
-    shown.button("NewTypeFolder")->setFocus();
+    QWidget window;
+    auto* const before = new QLineEdit(&window);
+    shown.page->setParent(&window);
+    auto* const after = new QLineEdit(&window);
+    after->setObjectName(QStringLiteral("After"));
+    shown.page->show();
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    before->setFocus();
     QStringList order;
-    for (int step = 0; step < 6; ++step) {
-        order.append(QApplication::focusWidget()->objectName());
+    for (int step = 0; step < 7; ++step) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        order.append(QApplication::focusWidget()->objectName());
     }
     QCOMPARE(order.join(QLatin1Char(' ')),
-             QStringLiteral("NewTypeFolder ImportFolder ImportCabinet MultiRcvCabinet ClearAll TypeLibrary"));
+             QStringLiteral("NewTypeFolder ImportFolder ImportCabinet MultiRcvCabinet ClearAll TypeLibrary After"));
+    shown.page.reset();
 }
 
 void tst_CTypeLibrarySetting::followsTheLanguage()
