@@ -193,7 +193,7 @@ void tst_Orvel::theTourTakesEveryPicture()
         QCOMPARE(folder.entryList(QDir::Files), pictures);
         const int scale = pass.endsWith(QLatin1String("2x")) ? 2 : 1;
         QList<QImage> seen;
-        for (const QString& picture : pictures) {
+        for (const QString& picture : qAsConst(pictures)) {
             const QImage image(folder.filePath(picture));
             const bool isSmall = picture.contains(QLatin1String("small-window"));
             QCOMPARE(image.size(), (isSmall ? QSize(1024, 600) : QSize(1280, 800)) * scale);
@@ -202,7 +202,7 @@ void tst_Orvel::theTourTakesEveryPicture()
         }
     }
     QCOMPARE(result.out, told.join(QLatin1Char('\n')) + QLatin1Char('\n'));
-    for (const QString& picture : pictures) {
+    for (const QString& picture : qAsConst(pictures)) {
         QVERIFY2(QImage(path("tour/en-1x/") + picture) != QImage(path("tour/zh_CN-1x/") + picture),
                  qPrintable(picture));
     }

@@ -84,7 +84,7 @@ private:
         }
         void browse() const
         {
-            button->menu()->actions().first()->trigger();
+            button->menu()->actions().constFirst()->trigger();
             QCoreApplication::sendPostedEvents(); // the dialog opens when the menu is done
         }
 
@@ -186,7 +186,7 @@ void tst_CMultiRcvCabinetSetFirstPage::pickingAnEntryOfAGroup()
     const Page page(root());
     QMenu* const group = page.button->menu()->actions().at(2)->menu();
     Q_EMIT group->aboutToShow();
-    group->actions().first()->trigger();
+    group->actions().constFirst()->trigger();
     QCOMPARE(page.page.parameterFile(), file);
     QCOMPARE(page.button->displayText(), QStringLiteral("A"));
 }
@@ -457,7 +457,7 @@ void tst_CMultiRcvCabinetSetFirstPage::followsTheLanguage()
     QCOMPARE(page.page.findChild<CCustomGroupBox*>()->title(), QStringLiteral("CABINET CONFIGURATION"));
     QCOMPARE(page.count->accessibleName(), QStringLiteral("RECEIVER COUNT"));
     QCOMPARE(page.count->itemText(3), QStringLiteral("3 X 1"));
-    QCOMPARE(page.entries().first(), QStringLiteral("BROWSE..."));
+    QCOMPARE(page.entries().constFirst(), QStringLiteral("BROWSE..."));
     QCOMPARE(chosen.button->displayText(), QStringLiteral("a"));
 }
 
@@ -472,7 +472,7 @@ void tst_CMultiRcvCabinetSetFirstPage::pageMayEndWhileBrowsing()
     end.setSingleShot(true);
     connect(&end, &QTimer::timeout, &end, [page] { delete page; });
     end.start();
-    menu->actions().first()->trigger();
+    menu->actions().constFirst()->trigger();
     QCoreApplication::sendPostedEvents();
     QVERIFY(!guard);
     QCOMPARE(m_pLibrary->files(), QStringList());

@@ -91,7 +91,7 @@ void tst_CParameterFileMenu::emptyLibrary()
 {
     const CParameterFileMenu menu({});
     QCOMPARE(texts(&menu), QStringList({QStringLiteral("Browse..."), QStringLiteral("-")}));
-    QCOMPARE(menu.browseAction(), menu.actions().first());
+    QCOMPARE(menu.browseAction(), menu.actions().constFirst());
 }
 
 void tst_CParameterFileMenu::entriesInTreeOrder()
@@ -183,8 +183,8 @@ void tst_CParameterFileMenu::veryManyTypesAreDivided()
                           QStringLiteral("T02000 \u2013 T02000")}));
     Q_EMIT submenu(&menu, 3)->aboutToShow();
     QCOMPARE(submenu(&menu, 3)->actions().size(), 1000);
-    QCOMPARE(submenu(&menu, 3)->actions().first()->text(), QStringLiteral("T01000"));
-    QCOMPARE(CParameterFileMenu::pathOf(submenu(&menu, 3)->actions().last()), QStringLiteral("/library/T01999"));
+    QCOMPARE(submenu(&menu, 3)->actions().constFirst()->text(), QStringLiteral("T01000"));
+    QCOMPARE(CParameterFileMenu::pathOf(submenu(&menu, 3)->actions().constLast()), QStringLiteral("/library/T01999"));
 }
 
 void tst_CParameterFileMenu::opensFast_data()
@@ -224,7 +224,7 @@ void tst_CParameterFileMenu::longMenuScrolls()
     QTest::keyClick(&menu, Qt::Key_Down);
     QCOMPARE(menu.activeAction(), menu.browseAction());
     QTest::keyClick(&menu, Qt::Key_Up); // to the last entry
-    QCOMPARE(menu.activeAction(), menu.actions().last());
+    QCOMPARE(menu.activeAction(), menu.actions().constLast());
     QVERIFY(menu.rect().contains(menu.actionGeometry(menu.activeAction())));
     menu.hide();
 }
@@ -239,7 +239,7 @@ void tst_CParameterFileMenu::triggeredComesFromSubmenus()
     QStringList chosen;
     connect(&menu, &QMenu::triggered, this,
             [&](QAction* action) { chosen.append(CParameterFileMenu::pathOf(action)); });
-    submenu(group, 0)->actions().first()->trigger();
+    submenu(group, 0)->actions().constFirst()->trigger();
     QCOMPARE(chosen, QStringList({QStringLiteral("/library/X00000")}));
 }
 

@@ -106,7 +106,7 @@ void tst_WizardCreates::createsType()
     QVERIFY(wizard.isAccepted());
     QCOMPARE(script.seen(), QStringList());
     const QString file = m_pLibrary->path(QStringLiteral("G/Cab.rcvbp"));
-    QCOMPARE(m_pLibrary->handler->calls().first(), QStringLiteral("writeCabinetInfo(%1)").arg(file));
+    QCOMPARE(m_pLibrary->handler->calls().constFirst(), QStringLiteral("writeCabinetInfo(%1)").arg(file));
     QCOMPARE(m_pLibrary->files(),
              QStringList({QStringLiteral("Card.rcvp=card"), QStringLiteral("G/Cab.rcvbp=multi card")}));
     const SHwRcvInCabinetInfo written = m_pLibrary->records.value(file);

@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTreeView>
 
+#include <atomic>
+#include <memory>
 #include <thread>
 
 namespace {
@@ -276,24 +278,28 @@ void tst_CSettingArea::typeLibraryPathFromAWorker()
     area().setHandler(handler);
 
     auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
-    std::atomic_bool shown{false};
-    std::atomic_bool readyWhileShown{false};
-    const auto whenShown = connect(tree->findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this, [&] {
-        shown = true;
-        readyWhileShown = area().isTypeLibraryReady();
+    struct Seen
+    {
+        std::atomic_bool shown{false};
+        std::atomic_bool readyWhileShown{false};
+    };
+    const auto seen = std::make_shared<Seen>();
+    const auto whenShown = connect(tree->findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this, [=] {
+        seen->shown = true;
+        seen->readyWhileShown = area().isTypeLibraryReady();
     });
     std::atomic_int result{-1};
     std::atomic_bool shownOnReturn{false};
     std::thread worker([&] {
         const bool done = area().setTypeLibraryPath(library.path());
-        shownOnReturn = shown.load();
+        shownOnReturn = seen->shown.load();
         result = done;
     });
     QTRY_COMPARE(result.load(), 1);
     worker.join();
     disconnect(whenShown);
     QVERIFY(shownOnReturn);
-    QVERIFY(!readyWhileShown);
+    QVERIFY(!seen->readyWhileShown);
     QVERIFY(area().isTypeLibraryReady());
     QCOMPARE(area().getTypeLibrary().at(0).nodeType, SSettings::TypeLibrary::STreeNode::MultiRcv);
     QTRY_COMPARE(tree->model()->rowCount(tree->rootIndex()), 1);

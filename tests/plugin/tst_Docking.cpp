@@ -30,7 +30,8 @@ void tst_Docking::withoutMainWindowThereIsNoPanel()
     area().attachShortcutPanel();
     QVERIFY(!area().findChild<CShortcutPanel*>());
     Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
-    for (const QWidget* widget : QApplication::allWidgets())
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (const QWidget* widget : widgets)
         QVERIFY(!qobject_cast<const CShortcutPanel*>(widget));
 }
 

@@ -176,7 +176,7 @@ void tst_SettingsRoundTrip::recordKeepsItsAddress()
 {
     const SSettings* const held = area().getSettings();
     area().setSettings(otherSettings());
-    QCOMPARE(area().getSettings(), const_cast<SSettings*>(held));
+    QCOMPARE(static_cast<const SSettings*>(area().getSettings()), held);
 }
 
 void tst_SettingsRoundTrip::recordKeepsWhatNoPageShows()

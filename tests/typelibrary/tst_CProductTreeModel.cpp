@@ -216,7 +216,7 @@ void tst_CProductTreeModel::roles()
     QCOMPARE(group.data(263).toString(), pathOf(QStringLiteral("G")));
     QCOMPARE(file.data(QFileSystemModel::FilePathRole).toString(), path);
 
-    const QString single = write(QStringLiteral("b.rcvp"), "b");
+    write(QStringLiteral("b.rcvp"), "b");
     handler->isMulti = [](const QString&) { return false; };
     QCOMPARE(indexOf(QStringLiteral("b.rcvp")).data(260).toInt(), 3);
 }

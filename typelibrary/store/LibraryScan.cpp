@@ -157,7 +157,8 @@ std::vector<STreeNode> scanLibrary(const QString& folder, unsigned threads)
 
     const ScanThread scanning;
     QStringList ancestors{QFileInfo(folder).canonicalFilePath()};
-    for (const QFileInfo& entry : entriesOf(folder)) {
+    const QFileInfoList entries = entriesOf(folder);
+    for (const QFileInfo& entry : entries) {
         STreeNode node;
         if (fillNode(entry, node, ancestors))
             nodes.push_back(std::move(node));
