@@ -63,6 +63,7 @@ void CTypeLibrarySetting::createButtons()
         const QString file = QStringLiteral(":/Image/SettingArea/TypeLibrary/%1_%2.svg").arg(QLatin1String(look.icon));
         QIcon icon(file.arg(QStringLiteral("normal")));
         icon.addFile(file.arg(QStringLiteral("hover")), {}, QIcon::Active);
+        icon.addFile(file.arg(QStringLiteral("disabled")), {}, QIcon::Disabled);
         auto* const button = new QToolButton(this);
         button->setObjectName(QLatin1String(look.objectName));
         button->setIcon(icon);

@@ -46,11 +46,13 @@ void tst_CTypeLibrarySetting::buttons_data()
     QTest::addColumn<QString>("toolTip");
     QTest::addColumn<QString>("normal");
     QTest::addColumn<QString>("hover");
+    QTest::addColumn<QString>("disabled");
     QTest::addColumn<QKeySequence>("shortcut");
     const auto add = [](const char* name, const char* toolTip, const char* icon, const char* shortcut) {
         const QString file = QStringLiteral(":/Image/SettingArea/TypeLibrary/%1_%2.svg").arg(QLatin1String(icon));
         QTest::newRow(name) << QString::fromUtf8(toolTip) << file.arg(QStringLiteral("normal"))
-                            << file.arg(QStringLiteral("hover")) << QKeySequence(QLatin1String(shortcut));
+                            << file.arg(QStringLiteral("hover")) << file.arg(QStringLiteral("disabled"))
+                            << QKeySequence(QLatin1String(shortcut));
     };
     add("NewTypeFolder", "New type folder(Ctrl+N)", "new-type-folder", "Ctrl+N");
     add("ImportFolder", "Import as folder(Ctrl+I)", "import-folder", "Ctrl+I");
@@ -64,6 +66,7 @@ void tst_CTypeLibrarySetting::buttons()
     QFETCH(QString, toolTip);
     QFETCH(QString, normal);
     QFETCH(QString, hover);
+    QFETCH(QString, disabled);
     QFETCH(QKeySequence, shortcut);
     const LibraryPage shown;
     const QToolButton* const button = shown.button(QTest::currentDataTag());
@@ -75,7 +78,9 @@ void tst_CTypeLibrarySetting::buttons()
     const auto picture = [](const QIcon& icon, QIcon::Mode mode) { return icon.pixmap(16, mode).toImage(); };
     QCOMPARE(picture(button->icon(), QIcon::Normal), picture(QIcon(normal), QIcon::Normal));
     QCOMPARE(picture(button->icon(), QIcon::Active), picture(QIcon(hover), QIcon::Normal));
+    QCOMPARE(picture(button->icon(), QIcon::Disabled), picture(QIcon(disabled), QIcon::Normal));
     QVERIFY(picture(QIcon(normal), QIcon::Normal) != picture(QIcon(hover), QIcon::Normal));
+    QVERIFY(picture(QIcon(normal), QIcon::Normal) != picture(QIcon(disabled), QIcon::Normal));
 }
 
 void tst_CTypeLibrarySetting::row()
