@@ -74,6 +74,7 @@ private Q_SLOTS:
     void textIsPlain();
     void parentMayBeDestroyed();
     void parentMayBeHidden();
+    void longTextStaysOnScreen_data();
     void longTextStaysOnScreen();
     void longWordIsBroken_data();
     void longWordIsBroken();
@@ -243,22 +244,37 @@ void tst_CMessageBox::parentMayBeHidden()
     QCOMPARE(CMessageBox::question(&parent, QStringLiteral("Text"), title), int{CMessageBox::NoResult});
 }
 
-void tst_CMessageBox::longTextStaysOnScreen()
+void tst_CMessageBox::longTextStaysOnScreen_data()
 {
     QStringList names;
     for (int i = 0; i < 800; ++i)
         names.append(QStringLiteral("Cabinet type number %1").arg(i));
-    const QString text = names.join(QStringLiteral(", "));
+    QTest::addColumn<QString>("text");
+    QTest::newRow("names") << names.join(QStringLiteral(", "));
+    QTest::newRow("lines") << names.join(QLatin1Char('\n'));
+    QTest::newRow("one word") << QString(20'000, QLatin1Char('W'));
+    QTest::newRow("one Chinese word") << QString(20'000, QChar(0x7bb1));
+}
+
+void tst_CMessageBox::longTextStaysOnScreen()
+{
+    QFETCH(QString, text);
     whenBox([&](CMessageBox& box) {
         QCOMPARE(box.text(), text);
         const QRect room = box.screen()->availableGeometry();
-        QVERIFY(box.width() <= room.width());
-        QVERIFY(box.height() <= room.height());
-        QVERIFY(box.rect().contains(
-            box.button(CMessageBox::Ok)->geometry().translated(box.button(CMessageBox::Ok)->parentWidget()->pos())));
+        QVERIFY2(room.contains(box.frameGeometry()), qPrintable(QStringLiteral("%1 x %2 on %3 x %4")
+                                                                    .arg(box.width())
+                                                                    .arg(box.height())
+                                                                    .arg(room.width())
+                                                                    .arg(room.height())));
+        const QPushButton* const button = box.button(CMessageBox::Ok);
+        QCOMPARE(button->visibleRegion(), QRegion(button->rect()));
+        QVERIFY(box.rect().contains(QRect(button->mapTo(&box, {}), button->size())));
 
         auto* const edit = box.findChild<QTextEdit*>(QStringLiteral("MessageText"));
         const QScrollBar* const bar = edit->verticalScrollBar();
+        QCOMPARE(edit->height(), qCeil(0.6 * room.height()));
+        QCOMPARE(edit->visibleRegion().boundingRect(), edit->rect());
         QVERIFY(bar->isVisible());
         QCOMPARE(edit->horizontalScrollBar()->maximum(), 0);
         QTest::keyClick(box.focusWidget(), Qt::Key_Tab);
@@ -267,7 +283,7 @@ void tst_CMessageBox::longTextStaysOnScreen()
         QTest::keyClick(edit, Qt::Key_PageDown);
         QVERIFY(bar->value() > 0);
         QTest::keyClick(edit, Qt::Key_Tab);
-        QCOMPARE(box.focusWidget(), box.button(CMessageBox::Ok));
+        QCOMPARE(box.focusWidget(), button);
         QTest::keyClick(edit, Qt::Key_Escape);
     });
     CMessageBox::information(nullptr, text, title);
