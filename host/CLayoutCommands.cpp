@@ -20,6 +20,16 @@ constexpr int nodeTypeRole = 260; // int: NodeType
 constexpr int digestRole = 262;   // SMD5
 constexpr int pathRole = 263;     // QString
 
+// Where one model serves all libraries, what was selected in another one stays so.
+bool isBelow(const QModelIndex& index, const QModelIndex& root)
+{
+    for (QModelIndex child = index; child.isValid(); child = child.parent()) {
+        if (child.parent() == root)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 CLayoutCommands::CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree, QObject* parent)
@@ -33,11 +43,18 @@ CLayoutCommands::CLayoutCommands(Project& project, CMainWindow& window, QTreeVie
     connect(window.action(CMainWindow::RemoveFromLayout), &QAction::triggered, this, &CLayoutCommands::remove);
     connect(&project, &Project::notifyChanged, this, &CLayoutCommands::showProject);
     connect(m_pPanel, &CPlacedTypesPanel::notifyCurrentChanged, this, &CLayoutCommands::enableCommands);
-    if (tree && tree->selectionModel()) {
-        connect(tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &CLayoutCommands::followTree);
+    if (tree)
         tree->installEventFilter(this);
-    }
-    showProject();
+    m_pPanel->setTypes(project.placedTypes());
+    followLibrary();
+}
+
+void CLayoutCommands::followLibrary()
+{
+    if (m_pTree && m_pTree->selectionModel())
+        connect(m_pTree->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CLayoutCommands::followTree,
+                Qt::UniqueConnection);
+    followTree();
 }
 
 bool CLayoutCommands::eventFilter(QObject* watched, QEvent* event)
@@ -49,9 +66,12 @@ bool CLayoutCommands::eventFilter(QObject* watched, QEvent* event)
 
 std::optional<CLayoutCommands::Type> CLayoutCommands::treeType() const
 {
-    if (!m_pTree || !m_pTree->isVisible())
+    // Not the current one, which a tree gets unasked when it gets the focus.
+    if (!m_pTree || !m_pTree->isVisible() || !m_pTree->selectionModel())
         return std::nullopt;
-    const QModelIndex index = m_pTree->currentIndex();
+    const QModelIndex index = m_pTree->selectionModel()->selectedIndexes().value(0);
+    if (!isBelow(index, m_pTree->rootIndex()))
+        return std::nullopt;
     const int nodeType = index.data(nodeTypeRole).toInt();
     if (nodeType != NodeType::SingleRcv && nodeType != NodeType::MultiRcv)
         return std::nullopt;

@@ -12,9 +12,9 @@ class CPlacedTypesPanel;
 class Project;
 class QTreeView;
 
-// What the Layout menu does: places the type that is current in the type library's tree, and removes the one that is
-// current in the list of placed types. A type that is current in the tree and placed is current in the list too, so
-// that it can be removed from either. [GUI thread]
+// What the Layout menu does: places the type that is selected in the type library's tree, and removes the one that is
+// current in the list of placed types. Selecting a placed type in the tree makes it current in the list, so that it can
+// be removed from either. [GUI thread]
 class CLayoutCommands : public QObject
 {
     Q_OBJECT
@@ -23,6 +23,9 @@ public:
     // `tree` is the settings area's, as it lies in its widget; null when the area has none. Owns none of the three.
     // Project and window outlive this object.
     CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree, QObject* parent = nullptr);
+
+    // The tree shows another library, or one at last: until then it may have nothing that could be selected.
+    void followLibrary();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -33,7 +36,7 @@ private:
         QString name;
     };
 
-    // The tree's current type; nothing when that is a group, or a tree that is not shown.
+    // The tree's selected type; nothing when that is a group, or not to be seen.
     std::optional<Type> treeType() const;
 
     void place();

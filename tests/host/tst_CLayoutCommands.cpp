@@ -49,6 +49,9 @@ private Q_SLOTS:
     void theListFollowsTheTree();
     void aTypeOfTheListIsRemoved();
     void anotherProjectIsShown();
+    void aModelThatIsSetLaterIsFollowed();
+    void onlyWhatIsBelowTheRootCanBePlaced();
+    void aCurrentTypeThatIsNotSelectedIsNone();
     void aHiddenTreePlacesNothing();
     void anAreaWithoutATreePlacesNothing();
     void theTreeMayGoFirst();
@@ -123,7 +126,7 @@ void tst_CLayoutCommands::whatCanBePlaced()
     select(row);
     QCOMPARE(place()->isEnabled(), possible);
     QVERIFY(!remove()->isEnabled());
-    m_tree->setCurrentIndex({});
+    m_tree->clearSelection();
     QVERIFY(!place()->isEnabled());
 }
 
@@ -189,6 +192,40 @@ void tst_CLayoutCommands::anotherProjectIsShown()
     QCOMPARE(m_window->findChild<QListWidget*>(QStringLiteral("PlacedTypes"))->count(), 0);
     QVERIFY(place()->isEnabled());
     QVERIFY(!remove()->isEnabled());
+}
+
+void tst_CLayoutCommands::aModelThatIsSetLaterIsFollowed()
+{
+    m_commands.reset();
+    m_tree->setModel(nullptr);
+    m_commands = std::make_unique<CLayoutCommands>(*m_project, *m_window, m_tree.get());
+    QVERIFY(!place()->isEnabled());
+    m_tree->setModel(&m_model);
+    m_commands->followLibrary();
+    m_commands->followLibrary();
+    select(Single);
+    QVERIFY(place()->isEnabled());
+    m_tree->setModel(nullptr);
+    m_commands->followLibrary();
+    QVERIFY(!place()->isEnabled());
+}
+
+void tst_CLayoutCommands::onlyWhatIsBelowTheRootCanBePlaced()
+{
+    m_model.item(Group)->appendRow(entry(QStringLiteral("P2.rcvp"), NodeType::SingleRcv, 'd'));
+    select(Single);
+    m_tree->setRootIndex(m_model.index(Group, 0));
+    m_commands->followLibrary();
+    QVERIFY(!place()->isEnabled());
+    m_tree->setCurrentIndex(m_model.index(0, 0, m_tree->rootIndex()));
+    QVERIFY(place()->isEnabled());
+}
+
+// As a tree that gets the focus makes its first entry current.
+void tst_CLayoutCommands::aCurrentTypeThatIsNotSelectedIsNone()
+{
+    m_tree->selectionModel()->setCurrentIndex(m_model.index(Single, 0), QItemSelectionModel::NoUpdate);
+    QVERIFY(!place()->isEnabled());
 }
 
 // The tab with the tree may not be the one that is shown: nobody sees then what would be placed.
