@@ -3,6 +3,7 @@
 #include <widgetry/CDoubleSpinBox.h>
 
 #include <QEvent>
+#include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,7 +14,7 @@
 
 namespace {
 
-constexpr int fieldWidth = 313; // pixels
+constexpr int fieldWidth = 313; // pixels, at most
 constexpr int longestName = 64;
 constexpr double greatest = 9999999999.0;
 
@@ -99,15 +100,19 @@ void CMultiRcvCabinetSetThirdPage::addBox(Value value, float stored)
 
 void CMultiRcvCabinetSetThirdPage::layoutWidgets()
 {
-    auto* const voltage = new QHBoxLayout;
-    voltage->setSpacing(8);
-    voltage->addWidget(m_boxes[VoltageMin].pBox, 1);
-    voltage->addWidget(new QLabel(QStringLiteral("\u2013"), this));
-    voltage->addWidget(m_boxes[VoltageMax].pBox, 1);
+    auto* const voltage = new QFrame(this); // the wizard's style draws a border around each plain QWidget
+    auto* const limits = new QHBoxLayout(voltage);
+    limits->setContentsMargins(0, 0, 0, 0);
+    limits->setSpacing(8);
+    limits->addWidget(m_boxes[VoltageMin].pBox, 1);
+    limits->addWidget(new QLabel(QStringLiteral("\u2013"), voltage));
+    limits->addWidget(m_boxes[VoltageMax].pBox, 1);
 
-    for (QWidget* const field : {static_cast<QWidget*>(m_pTypeName), static_cast<QWidget*>(m_boxes[Weight].pBox),
-                                 static_cast<QWidget*>(m_boxes[Power].pBox)})
-        field->setFixedWidth(fieldWidth);
+    const QWidgetList fields{m_pTypeName, m_boxes[Weight].pBox, m_boxes[Power].pBox, voltage};
+    for (QWidget* const field : fields) {
+        field->setMaximumWidth(fieldWidth);
+        field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    }
 
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);
@@ -118,7 +123,8 @@ void CMultiRcvCabinetSetThirdPage::layoutWidgets()
     layout->addWidget(m_pTypeName, TypeNameRow, 1);
     layout->addWidget(m_boxes[Weight].pBox, WeightRow, 1);
     layout->addWidget(m_boxes[Power].pBox, PowerRow, 1);
-    layout->addLayout(voltage, VoltageRow, 1);
+    layout->addWidget(voltage, VoltageRow, 1);
+    layout->setColumnStretch(1, fieldWidth); // what is left beside large texts, as far as the fields take it
     layout->setColumnStretch(2, 1);
     layout->setRowStretch(RowCount, 1);
 

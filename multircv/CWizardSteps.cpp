@@ -53,6 +53,12 @@ void CWizardSteps::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+void CWizardSteps::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    wrapTexts(m_unwrappedWidth > width());
+}
+
 void CWizardSteps::addStep(int step)
 {
     auto* const layout = static_cast<QHBoxLayout*>(this->layout());
@@ -83,4 +89,15 @@ void CWizardSteps::setTexts()
     m_texts[0]->setText(tr("Receiver information"));
     m_texts[1]->setText(tr("Topology selection"));
     m_texts[2]->setText(tr("Cabinet label"));
+    wrapTexts(false);
+    m_unwrappedWidth = layout()->minimumSize().width();
+    wrapTexts(m_unwrappedWidth > width());
+}
+
+void CWizardSteps::wrapTexts(bool wrap)
+{
+    for (QLabel* text : qAsConst(m_texts)) {
+        if (text->wordWrap() != wrap)
+            text->setWordWrap(wrap);
+    }
 }

@@ -6,7 +6,8 @@
 class QLabel;
 class QSvgWidget;
 
-// The head of the wizard: its three steps side by side, joined by lines, the current one highlighted. [GUI thread]
+// The head of the wizard: its three steps side by side, joined by lines, the current one highlighted. Where the width
+// is too small for the texts they take several lines. [GUI thread]
 class CWizardSteps : public QWidget
 {
     Q_OBJECT
@@ -19,12 +20,15 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void addStep(int step);
     void setTexts();
+    void wrapTexts(bool wrap);
 
     QMap<int, QSvgWidget*> m_icons; // these three by step
     QMap<int, QLabel*> m_captions;
     QMap<int, QLabel*> m_texts;
+    int m_unwrappedWidth = 0; // pixels that the texts take on one line each
 };

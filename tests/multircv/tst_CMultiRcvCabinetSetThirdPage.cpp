@@ -63,6 +63,7 @@ private Q_SLOTS:
     void greatestValueComesBack();
     void damagedValues_data();
     void damagedValues();
+    void fieldsGiveWay();
     void tabOrder();
     void followsTheLanguage();
 };
@@ -251,6 +252,32 @@ void tst_CMultiRcvCabinetSetThirdPage::damagedValues()
     record.weight = record.power = record.voltageMin = record.voltageMax = stored;
     const Page page(record, {});
     QCOMPARE(values(page), QList<double>({0, 0, 0, 0}));
+}
+
+// One below the other they have one width, which large labels make smaller.
+void tst_CMultiRcvCabinetSetThirdPage::fieldsGiveWay()
+{
+    for (const int size : {12, 20}) {
+        CMultiRcvCabinetSetThirdPage page({}, {});
+        QFont font = page.font();
+        font.setPixelSize(size);
+        page.setFont(font);
+        page.setFixedSize(498, 250);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        const auto placeOf = [&page](const QWidget* field) {
+            return QRect(field->mapTo(&page, QPoint()), field->size());
+        };
+        const QRect name = placeOf(nameEdit(page));
+        QCOMPARE(name.width() == 313, size == 12);
+        const auto boxes = page.findChildren<CDoubleSpinBox*>();
+        QCOMPARE(placeOf(boxes.at(0)).width(), name.width());
+        QCOMPARE(placeOf(boxes.at(1)).width(), name.width());
+        QCOMPARE(placeOf(boxes.at(2)).left(), name.left());
+        QCOMPARE(placeOf(boxes.at(3)).right(), name.right());
+        QVERIFY(std::abs(placeOf(boxes.at(2)).width() - placeOf(boxes.at(3)).width()) <= 1);
+        QVERIFY(name.right() <= 498 - 16);
+    }
 }
 
 void tst_CMultiRcvCabinetSetThirdPage::tabOrder()

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QSvgWidget>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void iconsDiffer();
     void linesBetween();
     void fitsTheWizard();
+    void largeTextsWrap();
     void followsTheLanguage();
 };
 
@@ -146,6 +148,41 @@ void tst_CWizardSteps::fitsTheWizard()
     const CWizardSteps steps;
     QApplication::setFont(old);
     QVERIFY2(steps.minimumSizeHint().width() <= 500, qPrintable(QString::number(steps.minimumSizeHint().width())));
+}
+
+// The width is what texts of 12 pixels need.
+void tst_CWizardSteps::largeTextsWrap()
+{
+    const QFont old = QApplication::font();
+    QFont font = old;
+    int width = 0;
+    for (const int size : {12, 16, 20}) {
+        font.setPixelSize(size);
+        QApplication::setFont(font);
+        QWidget window;
+        auto* const steps = new CWizardSteps;
+        auto* const layout = new QVBoxLayout(&window);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSizeConstraint(QLayout::SetNoConstraint);
+        layout->addWidget(steps);
+        layout->addStretch();
+        if (size == 12)
+            width = steps->minimumSizeHint().width();
+        window.resize(width, 200);
+        window.show();
+        for (int i = 0; i < 5; ++i) // the layouts settle one after the other
+            QCoreApplication::sendPostedEvents();
+        QCOMPARE(steps->width(), width);
+        const auto labels = steps->findChildren<QLabel*>();
+        for (const QLabel* label : labels) {
+            const QRect all(0, 0, label->width(), 1'000);
+            const QSize text = label->fontMetrics().boundingRect(all, Qt::TextWordWrap, label->text()).size();
+            QVERIFY2(text.width() <= label->width() && text.height() <= label->height(), qPrintable(label->text()));
+            QVERIFY(steps->rect().contains(label->geometry()));
+        }
+        QCOMPARE(2 * labels.at(1)->height() > 3 * labels.at(1)->fontMetrics().height(), size > 12); // lines
+    }
+    QApplication::setFont(old);
 }
 
 void tst_CWizardSteps::followsTheLanguage()
