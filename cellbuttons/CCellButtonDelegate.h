@@ -52,7 +52,7 @@ private:
     const QVector<QIcon> m_icons;
     QAbstractItemView* const m_pView;
     bool m_bEnabled = true;
-    QPoint m_mouse; // in the viewport; outside of it when the mouse is elsewhere
+    QPoint m_mouse; // where it was last, in the viewport
     QPersistentModelIndex m_pressedIndex;
     int m_nPressedButton = -1; // none
 };

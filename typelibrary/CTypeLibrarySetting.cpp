@@ -180,23 +180,19 @@ void CTypeLibrarySetting::createMultiRcvCabinet()
     const QString folder =
         target.isValid() ? target.data(CProductTreeModel::PathRole).toString() : CTypeLibrary::instance().rootPath();
 
-    // On the heap: the host may destroy the page while the wizard is open.
+    // On the heap: the host may destroy the page while the wizard is open. That ends the wizard without a type.
     const QPointer<CMultiRcvCabinetSetDlg> wizard = new CMultiRcvCabinetSetDlg(folder, {}, this);
-    const bool accepted = wizard->exec() == QDialog::Accepted;
-    if (!wizard)
-        return;
-    if (accepted)
+    if (wizard->exec() == QDialog::Accepted)
         m_pView->expand(target);
     delete wizard;
 }
 
 void CTypeLibrarySetting::clearAll()
 {
-    const QPointer<CTypeLibrarySetting> self = this; // the host may destroy the page while the question is open
     const int answer =
         CMessageBox::question(this, tr("Are you sure you want to delete all types?"), QStringLiteral("Orvel"),
                               CMessageBox::Yes | CMessageBox::No, CMessageBox::Yes);
-    if (self && answer == CMessageBox::YesResult)
+    if (answer == CMessageBox::YesResult)
         m_pView->clear();
 }
 

@@ -106,13 +106,14 @@ struct Table
         QTest::mouseMove(viewport(), to);
     }
 
-    // The colour in the middle of a button as it is painted.
-    QColor color(int row, int number) const
+    // What is painted there, and in the middle of a button.
+    QColor colorAt(const QPoint& position) const
     {
         QCoreApplication::processEvents();
-        const QImage image = viewport()->grab(button(row, number)).toImage();
-        return image.pixelColor(image.rect().center());
+        const QPixmap all = viewport()->grab();
+        return all.toImage().pixelColor(position * all.devicePixelRatio());
     }
+    QColor color(int row, int number) const { return colorAt(middle(row, number)); }
 
     // Sends what the window system sends when the mouse moves, with the left button held down.
     void drag(const QPoint& to) const
@@ -144,6 +145,7 @@ private Q_SLOTS:
     void quickClicksAllCount();
     void disabled();
     void cellNarrowerThanItsButtons();
+    void hover_data();
     void hover();
     void hoverNeedsTheRowUnderTheMouse();
     void pressedPicture();
@@ -230,6 +232,7 @@ void tst_CCellButtonDelegate::otherMouseButtons()
     // The release of a right button does not.
     QTest::mousePress(table.viewport(), Qt::LeftButton, {}, table.middle(1, 0));
     QTest::mouseRelease(table.viewport(), Qt::RightButton, {}, table.middle(1, 0));
+    QCOMPARE(table.delegate->clicks, QStringList());
     QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, table.middle(1, 0));
     QCOMPARE(table.delegate->clicks, QStringList{QStringLiteral("1: 0")});
 }
@@ -314,7 +317,7 @@ void tst_CCellButtonDelegate::disabled()
     QCOMPARE(table.delegate->clicks, QStringList{QStringLiteral("1: 1")});
 }
 
-// What is cut off cannot be clicked: a neighbour's cell begins there.
+// What is cut off is neither painted nor clicked: a neighbour's cell begins there.
 void tst_CCellButtonDelegate::cellNarrowerThanItsButtons()
 {
     auto* const view = new QTableView;
@@ -324,15 +327,25 @@ void tst_CCellButtonDelegate::cellNarrowerThanItsButtons()
     const QPoint corner = table.button(1, 1).topLeft();
     const int end = table.cell(1).right();
     QVERIFY(end < table.button(1, 1).right());
+    QCOMPARE(table.colorAt({end - 1, corner.y() + 8}), normalColor);
+    QVERIFY(table.colorAt({end + 2, corner.y() + 8}) != normalColor);
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, QPoint(end + 1, corner.y()));
     QCOMPARE(table.delegate->clicks, QStringList());
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, QPoint(end, corner.y()));
     QCOMPARE(table.delegate->clicks, QStringList{QStringLiteral("1: 1")});
 }
 
+void tst_CCellButtonDelegate::hover_data()
+{
+    QTest::addColumn<bool>("isTree");
+    QTest::newRow("tree") << true;
+    QTest::newRow("table") << false;
+}
+
 void tst_CCellButtonDelegate::hover()
 {
-    const Table table(new CTreeView);
+    QFETCH(bool, isTree);
+    const Table table(isTree ? static_cast<QAbstractItemView*>(new CTreeView) : new QTableView);
     table.show();
     QCOMPARE(table.color(1, 0), normalColor);
     table.moveMouse(table.middle(1, 0));
@@ -347,7 +360,7 @@ void tst_CCellButtonDelegate::hover()
     QTRY_COMPARE(table.color(1, 1), normalColor);
     table.moveMouse(table.middle(3, 0));
     QTRY_COMPARE(table.color(3, 0), hoverColor);
-    QEvent leave(QEvent::Leave);
+    QHoverEvent leave(QEvent::HoverLeave, QPointF(-1, -1), table.middle(3, 0));
     QCoreApplication::sendEvent(table.viewport(), &leave);
     QCOMPARE(table.color(3, 0), normalColor);
 }
@@ -443,6 +456,7 @@ void tst_CCellButtonDelegate::sharpAtEveryScale_data()
     QTest::addColumn<double>("scale");
     QTest::addColumn<QRect>("square"); // in device pixels, of a button at 9, 8 that fills its picture
     QTest::newRow("100 %") << 1.0 << QRect(9, 8, 16, 16);
+    QTest::newRow("110 %") << 1.1 << QRect(10, 9, 18, 18);
     QTest::newRow("125 %") << 1.25 << QRect(11, 10, 20, 20);
     QTest::newRow("150 %") << 1.5 << QRect(14, 12, 24, 24);
     QTest::newRow("175 %") << 1.75 << QRect(16, 14, 28, 28);

@@ -178,6 +178,9 @@ void tst_CTypeLibrarySetting::clearAllFollowsTheRows()
 
 void tst_CTypeLibrarySetting::clearAllFollowsTheFolder()
 {
+    const CTypeLibrarySetting withoutFolder;
+    QVERIFY(!withoutFolder.findChild<QToolButton*>(QStringLiteral("ClearAll"))->isEnabled());
+
     const LibraryPage shown;
     const QToolButton* const button = shown.button("ClearAll");
     QTRY_VERIFY(button->isEnabled());
