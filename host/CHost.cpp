@@ -140,8 +140,8 @@ void CHost::connectWindow()
     onCommand(CMainWindow::HealthSettings, [this] { m_pArea->setCurrentTab(2); });
     connect(&m_project, &Project::notifyChanged, this, &CHost::showProject);
     auto* const tree = m_pArea->widget()->findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
-    auto* const layout = new CLayoutCommands(m_project, *window, tree, window);
-    connect(m_pLoader, &CLibraryLoader::notifyLoaded, layout, &CLayoutCommands::followLibrary);
+    m_pLayoutCommands = std::make_unique<CLayoutCommands>(m_project, *window, tree);
+    connect(m_pLoader, &CLibraryLoader::notifyLoaded, m_pLayoutCommands.get(), &CLayoutCommands::followLibrary);
 
     CStatusBar* const status = window->status();
     connect(m_pLoader, &CLibraryLoader::notifyLoading, status, [status](const QString& folder) {

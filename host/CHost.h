@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class CLayoutCommands;
 class CLibraryLoader;
 class CMainWindow;
 class ISettingInterface;
@@ -74,7 +75,8 @@ private:
     Project m_project;
     std::unique_ptr<CMainWindow> m_pWindow;
     std::unique_ptr<ProjectCommands> m_pProjectCommands;
-    ISettingInterface* m_pArea = nullptr; // the plug-in's, valid until the process ends
+    std::unique_ptr<CLayoutCommands> m_pLayoutCommands; // goes first: it watches what the window hides at its end
+    ISettingInterface* m_pArea = nullptr;               // the plug-in's, valid until the process ends
     CLibraryLoader* m_pLoader = nullptr;
     QTimer m_saveTimer{this};
     QTimer m_countTimer;

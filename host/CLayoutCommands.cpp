@@ -32,9 +32,8 @@ bool isBelow(const QModelIndex& index, const QModelIndex& root)
 
 } // namespace
 
-CLayoutCommands::CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree, QObject* parent)
-    : QObject(parent),
-      m_project(project),
+CLayoutCommands::CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree)
+    : m_project(project),
       m_window(window),
       m_pPanel(window.placedTypes()),
       m_pTree(tree)

@@ -22,7 +22,7 @@ class CLayoutCommands : public QObject
 public:
     // `tree` is the settings area's, as it lies in its widget; null when the area has none. Owns none of the three.
     // Project and window outlive this object.
-    CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree, QObject* parent = nullptr);
+    CLayoutCommands(Project& project, CMainWindow& window, QTreeView* tree);
 
     // The tree shows another library, or one at last: until then it may have nothing that could be selected.
     void followLibrary();

@@ -36,7 +36,7 @@ int runTourPass(const CommandLine& commandLine, const PluginLibrary& plugin)
     const QTemporaryDir own;
     CommandLine options = commandLine;
     options.language = pass->language;
-    options.settings = own.filePath(QStringLiteral("settings.json"));
+    options.settings = own.filePath(QStringLiteral("settings/settings.json"));
     options.library = own.filePath(QStringLiteral("type-library"));
     const QString library = commandLine.library.isEmpty() ? HostPaths::samplesFolder() : commandLine.library;
     if (!own.isValid() || !SampleLibrary::create(options.library, library))
@@ -44,6 +44,7 @@ int runTourPass(const CommandLine& commandLine, const PluginLibrary& plugin)
     if (!folder.mkpath(QStringLiteral(".")))
         return failed(QStringLiteral("cannot make the folder %1").arg(folder.path()));
 
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // they could neither be seen nor answered
     QApplication::setCursorFlashTime(0); // a cursor is in the picture or is not, whenever it is taken
     CHost host(options);
     if (!host.start(plugin.initFunction(), plugin.path()))
@@ -51,7 +52,7 @@ int runTourPass(const CommandLine& commandLine, const PluginLibrary& plugin)
     host.window()->resize(windowSize);
     host.window()->move(0, 0);
 
-    TourStage stage(host, folder.path());
+    TourStage stage(host, folder.path(), QDir(own.path()));
     if (!stage.waitFor([&host] { return !host.loader()->isBusy(); }, QStringLiteral("the type library")))
         return failed(stage.error());
     int number = 0;

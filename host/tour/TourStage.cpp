@@ -25,9 +25,10 @@ constexpr QColor captionTextColor(240, 240, 246);
 
 } // namespace
 
-TourStage::TourStage(CHost& host, const QString& folder)
+TourStage::TourStage(CHost& host, const QString& folder, const QDir& own)
     : m_host(host),
-      m_folder(folder)
+      m_folder(folder),
+      m_own(own)
 {
 }
 
@@ -60,25 +61,35 @@ bool TourStage::waitFor(const std::function<bool()>& condition, const QString& w
     return true;
 }
 
-bool TourStage::inDialog(const std::function<void()>& open, const std::function<bool(QWidget*)>& act)
+bool TourStage::inDialogs(const std::function<void()>& open, const std::vector<Act>& acts)
 {
-    bool appeared = false;
-    bool acted = false;
+    std::size_t next = 0;
+    bool done = true;
+    QPointer<QWidget> answered;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        QWidget* const dialog = QApplication::activeModalWidget();
-        if (!dialog || !dialog->isVisible())
+        QWidget* const popup = QApplication::activePopupWidget();
+        const QPointer<QWidget> top = popup ? popup : QApplication::activeModalWidget();
+        if (!top || !top->isVisible() || top == answered)
             return;
-        watch.stop();
-        appeared = true;
-        const QPointer<QWidget> guard(dialog);
-        acted = act(dialog);
-        if (guard)
-            guard->close();
+        watch.stop(); // the act may run the event loop
+        answered = top;
+        done = done && (next >= acts.size() || acts[next](top));
+        if (++next >= acts.size() || !done) {
+            answered.clear();
+            if (top)
+                top->close();
+        }
+        watch.start(pollIntervalMs);
     });
     watch.start(pollIntervalMs);
     open();
-    return appeared ? acted : fail(QStringLiteral("the dialog did not appear"));
+    return done && (next >= acts.size() || fail(QStringLiteral("the dialog did not appear")));
+}
+
+bool TourStage::shootDialog(const std::function<void()>& open)
+{
+    return inDialog(open, [this](QWidget*) { return shoot(); });
 }
 
 bool TourStage::shoot()

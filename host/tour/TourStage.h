@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QDir>
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 class CHost;
 class CMainWindow;
@@ -15,13 +17,17 @@ class QWidget;
 class TourStage
 {
 public:
-    // The pictures go into `folder`, which exists.
-    TourStage(CHost& host, const QString& folder);
+    // The pictures go into `folder`, which exists. `own` is a folder of this pass's own; its files may be changed.
+    TourStage(CHost& host, const QString& folder, const QDir& own);
 
     CMainWindow* window() const;
     ISettingInterface* area() const;
 
+    // Of files that belong to this pass.
+    QString path(const QString& relativePath) const { return m_own.filePath(relativePath); }
+
     QString error() const { return m_error; }
+    bool fail(const QString& reason);
 
     // The name of the picture that the next shoot() takes, without suffix.
     void setPicture(const QString& name) { m_picture = name; }
@@ -32,16 +38,22 @@ public:
     // Runs the event loop until the condition holds. `what` names it in the error when it does not come true.
     bool waitFor(const std::function<bool()>& condition, const QString& what);
 
-    // Calls `open`, which shows a modal dialog and returns when it is closed. Once the dialog is there `act` runs with
-    // it, and must leave it to be closed: it is closed afterwards, if it is still open.
-    bool inDialog(const std::function<void()>& open, const std::function<bool(QWidget*)>& act);
+    // Calls `open`, which shows modal dialogs or menus, one after the other, and returns when they are closed. Each act
+    // runs with the one whose turn it is, once that is there, and must answer it. The last may leave that to the stage,
+    // which closes what is still open then.
+    using Act = std::function<bool(QWidget*)>;
+    bool inDialogs(const std::function<void()>& open, const std::vector<Act>& acts);
+    bool inDialog(const std::function<void()>& open, const Act& act) { return inDialogs(open, {act}); }
+
+    // Opens something modal, takes a picture of it and closes it.
+    bool shootDialog(const std::function<void()>& open);
 
 private:
-    bool fail(const QString& reason);
     void draw(QPainter& painter, QWidget* over) const;
 
     CHost& m_host;
     const QString m_folder;
+    const QDir m_own;
     QString m_picture;
     QString m_error;
 };

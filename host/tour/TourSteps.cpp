@@ -1,19 +1,22 @@
 #include "host/tour/TourSteps.h"
 
 #include "host/CMainWindow.h"
+#include "host/tour/LibraryTree.h"
 #include "host/tour/TourStage.h"
+#include "host/tour/WizardSteps.h"
 #include "plugin/interface/ISettingInterface.h"
+#include "plugin/interface/ISettingInterfaceHandler.h"
 
 #include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QCoreApplication>
-#include <QLineEdit>
+#include <QEasingCurve>
+#include <QFileDialog>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
-#include <QToolButton>
-#include <QTreeView>
+#include <QVariantAnimation>
 
 namespace {
 
@@ -32,29 +35,9 @@ std::function<bool(TourStage&)> page(Tab tab)
     };
 }
 
-// Opens all groups below `parent`; the model reads each folder on a thread of its own.
-bool expand(TourStage& stage, QTreeView* tree, const QModelIndex& parent)
-{
-    const QAbstractItemModel* const model = tree->model();
-    const auto isRead = [&] { return model->rowCount(parent) > 0 || !model->hasChildren(parent); };
-    if (!stage.waitFor(isRead, QStringLiteral("the content of the type library")))
-        return false;
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (!model->hasChildren(index))
-            continue;
-        tree->expand(index);
-        if (!expand(stage, tree, index))
-            return false;
-    }
-    return true;
-}
-
 bool typeLibrary(TourStage& stage)
 {
-    stage.area()->setCurrentTab(TypeLibraryTab);
-    auto* const tree = stage.area()->widget()->findChild<QTreeView*>();
-    return expand(stage, tree, tree->rootIndex()) && stage.shoot();
+    return LibraryTree::expandAll(stage) && stage.shoot();
 }
 
 std::function<bool(TourStage&)> menu(CMainWindow::Command command)
@@ -69,10 +52,11 @@ std::function<bool(TourStage&)> menu(CMainWindow::Command command)
     };
 }
 
-bool about(TourStage& stage)
+// What a command opens, until it is closed.
+std::function<bool(TourStage&)> dialogOf(CMainWindow::Command command)
 {
-    QAction* const action = stage.window()->action(CMainWindow::About);
-    return stage.inDialog([action] { action->trigger(); }, [&stage](QWidget*) { return stage.shoot(); });
+    return
+        [command](TourStage& stage) { return stage.shootDialog([&] { stage.window()->action(command)->trigger(); }); };
 }
 
 bool warning(TourStage& stage)
@@ -80,7 +64,7 @@ bool warning(TourStage& stage)
     const QString text = QCoreApplication::translate("SettingsFile", "The settings file %1 cannot be used: %2")
                              .arg(QStringLiteral("settings.json"),
                                   QCoreApplication::translate("SettingsFile", "it is not a JSON object."));
-    return stage.inDialog([&] { stage.window()->warn(text); }, [&stage](QWidget*) { return stage.shoot(); });
+    return stage.shootDialog([&] { stage.window()->warn(text); });
 }
 
 // On the smallest screen that the window is meant for.
@@ -93,79 +77,88 @@ bool smallWindow(TourStage& stage)
     return shot;
 }
 
-// What the wizard is to show.
-struct WizardView
+bool fileDialog(TourStage& stage)
 {
-    QString configuration; // as the first step offers it
-    bool orientation = false;
-    int step = 0; // 0 .. 2
-};
-
-void click(QWidget* dialog, const char* button)
-{
-    dialog->findChild<QAbstractButton*>(QLatin1String(button))->click();
+    return stage.inDialog(
+        [&] { stage.window()->action(CMainWindow::OpenLibrary)->trigger(); },
+        [&](QWidget* dialog) {
+            // Not the folder that the program happens to be started in.
+            qobject_cast<QFileDialog*>(dialog)->setDirectory(stage.path(QStringLiteral("type-library")));
+            return stage.waitFor(
+                       [dialog] {
+                           auto* const list = dialog->findChild<QListView*>(QStringLiteral("listView"));
+                           return list->model()->rowCount(list->rootIndex()) > 0;
+                       },
+                       QStringLiteral("the content of the folder")) &&
+                   stage.shoot();
+        });
 }
 
-// Goes through the cabinet wizard as a user does, up to the step, with a new type from the library's first file.
-bool showWizard(TourStage& stage, QWidget* dialog, const WizardView& view)
+bool placedTypes(TourStage& stage)
 {
-    const QList<QAction*> entries = dialog->findChild<QPushButton*>(QStringLiteral("ParameterFile"))->menu()->actions();
-    for (QAction* const entry : entries) {
-        if (!entry->icon().isNull()) {
-            entry->trigger();
-            break;
-        }
-    }
-    dialog->findChild<QComboBox*>(QStringLiteral("ReceiverCount"))->setCurrentText(view.configuration);
-    if (view.step > 0) {
-        click(dialog, "NextButton");
-        if (view.orientation)
-            dialog->findChild<QCheckBox*>()->click();
-        if (auto* const topology = dialog->findChild<QToolButton*>(
-                view.orientation ? QStringLiteral("left-down-direction") : QStringLiteral("right-dwon"));
-            topology->isVisible())
-            topology->click();
-    }
-    if (view.step > 1) {
-        click(dialog, "NextButton");
-        dialog->findChild<QLineEdit*>(QStringLiteral("MultiRcvCabinet"))
-            ->setText(QStringLiteral("Cabinet-") + QString(view.configuration).remove(QLatin1Char(' ')));
+    if (!LibraryTree::expandAll(stage))
+        return false;
+    for (const char* type : {"Indoor/Fixed/P4-512x512.rcvp", "Indoor/Fixed/P3-1152x1152-2x2.rcvbp"}) {
+        if (!LibraryTree::select(stage, QLatin1String(type)))
+            return false;
+        stage.window()->action(CMainWindow::PlaceInLayout)->trigger();
     }
     return stage.shoot();
 }
 
-std::function<bool(TourStage&)> wizard(const WizardView& view)
+// The settings cannot be written: a file has taken the place of their folder.
+bool quitQuestion(TourStage& stage)
 {
-    return [view](TourStage& stage) {
-        stage.area()->setCurrentTab(TypeLibraryTab);
-        auto* const open = stage.area()->widget()->findChild<QToolButton*>(QStringLiteral("MultiRcvCabinet"));
-        return stage.inDialog([open] { open->click(); },
-                              [&](QWidget* dialog) { return showWizard(stage, dialog, view); });
+    QFile file(stage.path(QStringLiteral("settings")));
+    if (!QDir(file.fileName()).removeRecursively() || !file.open(QIODevice::WriteOnly))
+        return stage.fail(file.errorString());
+    const auto dropChanges = [](QWidget* question) {
+        question->findChild<QPushButton*>(QStringLiteral("NoButton"))->click();
+        return true;
     };
+    const bool shot =
+        stage.inDialogs([&] { stage.window()->close(); }, {dropChanges, [&](QWidget*) { return stage.shoot(); }});
+    return file.remove() && shot;
+}
+
+bool progress(TourStage& stage)
+{
+    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(stage.area()->getHandler());
+    const QString text = QCoreApplication::translate("CProductTreeView", "Importing...");
+    QObject* const progress = handler->showProgress(text, 10'000, QEasingCurve::InQuart);
+    auto* const run = progress->findChild<QVariantAnimation*>(QStringLiteral("Run"));
+    run->pause();
+    run->setCurrentTime(9'000);
+    const bool shot = stage.shoot();
+    handler->endProgress(progress);
+    const QPointer<QObject> running(progress);
+    return shot && stage.waitFor([&] { return !running; }, QStringLiteral("the end of the progress"));
 }
 
 } // namespace
 
 std::vector<TourStep> tourSteps()
 {
-    return {
+    std::vector<TourStep> steps{
         {"preferences", page(PreferencesTab)},
         {"type-library", typeLibrary},
         {"type-library-small-window", smallWindow},
         {"health-settings", page(HealthSettingsTab)},
         {"file-menu", menu(CMainWindow::FileMenu)},
         {"view-menu", menu(CMainWindow::ViewMenu)},
-        {"about", about},
+        {"help-menu", menu(CMainWindow::HelpMenu)},
+        {"about", dialogOf(CMainWindow::About)},
+        {"about-qt", dialogOf(CMainWindow::AboutQt)},
         {"warning", warning},
-        {"wizard-2x1-receivers", wizard({QStringLiteral("2 x 1"), false, 0})},
-        {"wizard-2x1-topology", wizard({QStringLiteral("2 x 1"), false, 1})},
-        {"wizard-2x1-label", wizard({QStringLiteral("2 x 1"), false, 2})},
-        {"wizard-2x2-receivers", wizard({QStringLiteral("2 x 2"), false, 0})},
-        {"wizard-2x2-topology", wizard({QStringLiteral("2 x 2"), false, 1})},
-        {"wizard-2x2-label", wizard({QStringLiteral("2 x 2"), false, 2})},
-        {"wizard-2x2-orientation", wizard({QStringLiteral("2 x 2"), true, 1})},
-        {"wizard-1x4-receivers", wizard({QStringLiteral("1 x 4"), false, 0})},
-        {"wizard-1x4-topology", wizard({QStringLiteral("1 x 4"), false, 1})},
-        {"wizard-1x4-label", wizard({QStringLiteral("1 x 4"), false, 2})},
+        {"file-dialog", fileDialog},
+        {"placed-types", placedTypes},
+        {"placed-types-small-window", smallWindow},
+        {"layout-menu", menu(CMainWindow::LayoutMenu)},
+        {"save-project-question", dialogOf(CMainWindow::NewProject)},
+        {"quit-question", quitQuestion},
+        {"progress", progress},
     };
+    for (const auto& more : {wizardSteps()})
+        steps.insert(steps.end(), more.begin(), more.end());
+    return steps;
 }

@@ -1,0 +1,70 @@
+#include "host/tour/LibraryTree.h"
+
+#include "host/tour/TourStage.h"
+#include "plugin/interface/ISettingInterface.h"
+
+#include <QTreeView>
+
+namespace {
+
+constexpr int typeLibraryTab = 1;
+constexpr int pathRole = 263; // QString
+
+// Opens all groups below `parent`; the model reads each folder on a thread of its own.
+bool expand(TourStage& stage, QTreeView* tree, const QModelIndex& parent)
+{
+    const QAbstractItemModel* const model = tree->model();
+    const auto isRead = [&] { return model->rowCount(parent) > 0 || !model->hasChildren(parent); };
+    if (!stage.waitFor(isRead, QStringLiteral("the content of the type library")))
+        return false;
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        if (!model->hasChildren(index))
+            continue;
+        tree->expand(index);
+        if (!expand(stage, tree, index))
+            return false;
+    }
+    return true;
+}
+
+// The entry with the path below `parent`, as far as the model has read it.
+QModelIndex find(const QTreeView* tree, const QString& path, const QModelIndex& parent)
+{
+    const QAbstractItemModel* const model = tree->model();
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        const QString entry = index.data(pathRole).toString();
+        if (entry == path)
+            return index;
+        if (path.startsWith(entry + QLatin1Char('/')))
+            return find(tree, path, index);
+    }
+    return {};
+}
+
+} // namespace
+
+QTreeView* LibraryTree::of(const TourStage& stage)
+{
+    return stage.area()->widget()->findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+}
+
+bool LibraryTree::expandAll(TourStage& stage)
+{
+    stage.area()->setCurrentTab(typeLibraryTab);
+    QTreeView* const tree = of(stage);
+    return expand(stage, tree, tree->rootIndex());
+}
+
+bool LibraryTree::select(TourStage& stage, const QString& entry)
+{
+    QTreeView* const tree = of(stage);
+    QModelIndex index;
+    const QString path = stage.path(QStringLiteral("type-library/") + entry);
+    const auto isThere = [&] { return (index = find(tree, path, tree->rootIndex())).isValid(); };
+    if (!entry.isEmpty() && !stage.waitFor(isThere, entry))
+        return false;
+    tree->setCurrentIndex(index);
+    return true;
+}
