@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -44,6 +45,8 @@ int runTourPass(const CommandLine& commandLine, const PluginLibrary& plugin)
     if (!folder.mkpath(QStringLiteral(".")))
         return failed(QStringLiteral("cannot make the folder %1").arg(folder.path()));
 
+    // File dialogs remember things about their user, which the tour neither shows nor changes.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, own.filePath(QStringLiteral("qt")));
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // they could neither be seen nor answered
     QApplication::setCursorFlashTime(0); // a cursor is in the picture or is not, whenever it is taken
     CHost host(options);
