@@ -33,6 +33,7 @@ CProgressDisplay::CProgressDisplay(QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(m_pText);
     layout->addWidget(m_pBar, 0, Qt::AlignVCenter);
+    layout->addStretch(); // keeps the bar beside its text
     showLast();
 }
 
