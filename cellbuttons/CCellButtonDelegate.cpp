@@ -21,7 +21,7 @@ constexpr double dimmed = 0.4;
 // at 110 % as at 100 %.
 QPointF onDevicePixels(const QPainter& painter, const QPoint& position)
 {
-    const QTransform toDevice = painter.deviceTransform();
+    const QTransform& toDevice = painter.deviceTransform();
     return toDevice.inverted().map(QPointF(toDevice.map(QPointF(position)).toPoint()));
 }
 

@@ -32,15 +32,15 @@ struct ButtonLook
 {
     const char* objectName;
     const char* icon; // begins the names of its files
-    int key;          // with Ctrl; 0: none
+    const char* shortcut;
 };
 
 constexpr ButtonLook looks[ButtonCount] = {
-    {"NewTypeFolder", "new-type-folder", Qt::Key_N},
-    {"ImportFolder", "import-folder", Qt::Key_I},
-    {"ImportCabinet", "import-cabinet", Qt::Key_A},
-    {"MultiRcvCabinet", "multi-receiver", 0},
-    {"ClearAll", "clear-all", 0},
+    {"NewTypeFolder", "new-type-folder", "Ctrl+N"},
+    {"ImportFolder", "import-folder", "Ctrl+I"},
+    {"ImportCabinet", "import-cabinet", "Ctrl+A"},
+    {"MultiRcvCabinet", "multi-receiver", ""},
+    {"ClearAll", "clear-all", ""},
 };
 
 } // namespace
@@ -69,8 +69,7 @@ void CTypeLibrarySetting::createButtons()
         button->setIcon(icon);
         button->setAutoRaise(true);
         // Qt heeds the key in the active window, as long as the button is shown and enabled: not from another tab.
-        if (look.key)
-            button->setShortcut(Qt::CTRL + look.key);
+        button->setShortcut(QKeySequence::fromString(QLatin1String(look.shortcut)));
         connect(button, &QToolButton::clicked, this, [this, number] { runOperation(number); });
         m_buttons.insert(number, button);
     }
