@@ -130,7 +130,7 @@ void tst_CabinetRoundTrip::createdTypeReadsBack()
     expected.md5 = md5OfFile(m_card);
     expected.columns = static_cast<std::uint8_t>(size.width());
     expected.rows = static_cast<std::uint8_t>(size.height());
-    for (std::size_t k = 0; k < std::size_t(size.width() * size.height()); ++k)
+    for (std::size_t k = 0; k < std::size_t(size.width()) * std::size_t(size.height()); ++k)
         expected.wiringOrder[k] = static_cast<std::uint8_t>(k);
     QVERIFY(recordOf(file) == expected);
     QString error;
