@@ -31,19 +31,20 @@ CCellButtonDelegate::CCellButtonDelegate(const QVector<QIcon>& icons, QAbstractI
     : QStyledItemDelegate(view),
       m_icons(icons),
       m_pView(view),
+      m_pViewport(view->viewport()),
       m_mouse(-1, -1)
 {
     // The view tells its delegates neither that the mouse is in a cell of another one nor of a release elsewhere.
-    view->viewport()->installEventFilter(this);
-    view->viewport()->setMouseTracking(true);
-    view->viewport()->setAttribute(Qt::WA_Hover);
+    m_pViewport->installEventFilter(this);
+    m_pViewport->setMouseTracking(true);
+    m_pViewport->setAttribute(Qt::WA_Hover);
 }
 
 void CCellButtonDelegate::setEnabled(bool enabled)
 {
     m_bEnabled = enabled;
     setPressed({}, noButton);
-    m_pView->viewport()->update();
+    m_pViewport->update();
 }
 
 QRect CCellButtonDelegate::buttonRect(const QRect& cell, int button)
@@ -115,8 +116,8 @@ bool CCellButtonDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, 
 
 bool CCellButtonDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    // As a delegate, this object also filters the events of editors.
-    if (watched != m_pView->viewport())
+    // As a delegate, this object also filters the events of editors. The view may be in its destructor.
+    if (watched != m_pViewport)
         return QStyledItemDelegate::eventFilter(watched, event);
 
     switch (event->type()) {

@@ -51,6 +51,7 @@ private:
 
     const QVector<QIcon> m_icons;
     QAbstractItemView* const m_pView;
+    QWidget* const m_pViewport;
     bool m_bEnabled = true;
     QPoint m_mouse; // where it was last, in the viewport
     QPersistentModelIndex m_pressedIndex;
