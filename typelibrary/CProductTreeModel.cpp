@@ -41,8 +41,6 @@ CProductTreeModel::CProductTreeModel(QObject* parent)
     setIconProvider(m_pIconProvider.get());
     setNameFilters({QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")});
     setNameFilterDisables(false);
-    // A link is an entry of the library under its own path, wherever it points to.
-    setResolveSymlinks(false);
 }
 
 CProductTreeModel::~CProductTreeModel() = default;

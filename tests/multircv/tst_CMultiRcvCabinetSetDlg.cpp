@@ -1,5 +1,6 @@
 #include "multircv/CMultiRcvCabinetSetFirstPage.h"
 #include "multircv/CMultiRcvCabinetSetSecondPage.h"
+#include "multircv/CWizardSteps.h"
 #include "multircv/CabinetWiringWidget.h"
 #include "tests/multircv/ModalScript.h"
 #include "tests/multircv/Wizard.h"
@@ -9,6 +10,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 
 namespace {
 
@@ -26,6 +28,7 @@ class tst_CMultiRcvCabinetSetDlg : public WizardFixture
 private Q_SLOTS:
     void appearance();
     void stepsAndButtons();
+    void headShowsTheStep();
     void previousChecksNothing();
     void cancelRejectsAtEveryStep();
     void noParameterFile();
@@ -78,6 +81,28 @@ void tst_CMultiRcvCabinetSetDlg::stepsAndButtons()
     wizard.press(CDialog::Previous);
     QCOMPARE(state(), QStringLiteral("0 0 Previous Next Cancel"));
     QCOMPARE(wizard.dialog.windowTitle(), QStringLiteral("Wizard"));
+}
+
+void tst_CMultiRcvCabinetSetDlg::headShowsTheStep()
+{
+    Wizard wizard(m_pLibrary->root());
+    const auto highlighted = [&wizard] {
+        QStringList texts;
+        const auto labels = wizard.dialog.findChild<CWizardSteps*>()->findChildren<QLabel*>();
+        for (const QLabel* label : labels) {
+            if (label->styleSheet() == QLatin1String("color:#8C8AFF"))
+                texts.append(label->text());
+        }
+        return texts;
+    };
+    QCOMPARE(highlighted(), QStringList{QStringLiteral("Receiver information")});
+    wizard.pick(QStringLiteral("Card"));
+    wizard.next();
+    QCOMPARE(highlighted(), QStringList{QStringLiteral("Topology selection")});
+    wizard.next();
+    QCOMPARE(highlighted(), QStringList{QStringLiteral("Cabinet label")});
+    wizard.press(CDialog::Previous);
+    QCOMPARE(highlighted(), QStringList{QStringLiteral("Topology selection")});
 }
 
 void tst_CMultiRcvCabinetSetDlg::previousChecksNothing()
