@@ -2,6 +2,7 @@
 
 #include "plugin/CSettingArea.h"
 #include "tests/support/FakeHandler.h"
+#include "tests/support/FileFixture.h"
 #include "typelibrary/store/CTypeLibrary.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
@@ -89,10 +90,8 @@ public:
 private:
     static QString put(const QString& file, const QByteArray& content)
     {
-        QDir().mkpath(QFileInfo(file).path());
-        QFile out(file);
-        if (!out.open(QIODevice::WriteOnly) || out.write(content) != content.size())
-            qFatal("Cannot write %s: %s", qPrintable(file), qPrintable(out.errorString()));
+        if (!writeFile(file, content))
+            qFatal("Cannot write %s", qPrintable(file));
         return file;
     }
 

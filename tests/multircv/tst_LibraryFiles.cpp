@@ -1,39 +1,11 @@
 #include "multircv/LibraryFiles.h"
 #include "tests/multircv/WizardLibrary.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
-
-namespace {
-
-// While it lives, files cannot grow beyond a size: the disk is full.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t size)
-    {
-        m_pOldAction = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limit{size, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_pOldAction);
-    }
-    Q_DISABLE_COPY(FullDisk)
-
-private:
-    rlimit m_old{};
-    void (*m_pOldAction)(int);
-};
-
-} // namespace
 
 class tst_LibraryFiles : public TestObject
 {
@@ -52,6 +24,7 @@ private Q_SLOTS:
     void replacesByItself();
     void fullDisk();
     void unwritableFolder();
+    void readOnlyFolder();
     void forgetsWhatItTouches();
     void sameFile();
 
@@ -130,7 +103,7 @@ void tst_LibraryFiles::fullDisk()
     const QString file = m_pLibrary->path(QStringLiteral("A.rcvp"));
     const QString source = m_pLibrary->addOutside(QStringLiteral("L.rcvp"), QByteArray(100000, 'x'));
     {
-        const FullDisk full(50000);
+        const DiskIsFull full(50'000);
         QVERIFY(!replaceInLibrary(source, file, file));
         QVERIFY(!replaceInLibrary(source, file, m_pLibrary->path(QStringLiteral("B.rcvp"))));
         QVERIFY(!copyIntoLibrary(source, m_pLibrary->path(QStringLiteral("B.rcvp"))));
@@ -147,6 +120,25 @@ void tst_LibraryFiles::unwritableFolder()
         QVERIFY(!replaceInLibrary(m_source, file, folder + QStringLiteral("/B.rcvp")));
         QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("A.rcvp=old")}));
     }
+}
+
+void tst_LibraryFiles::readOnlyFolder()
+{
+    const QString file = m_pLibrary->path(QStringLiteral("A.rcvp"));
+    const QString other = m_pLibrary->path(QStringLiteral("B.rcvp"));
+    constexpr auto readOnly =
+        QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    for (const QString& folder : {m_pLibrary->root(), QFileInfo(m_pLibrary->root()).path()})
+        QVERIFY(QFile::setPermissions(folder, readOnly));
+    {
+        const PermissionsApply permissions;
+        QVERIFY(!copyIntoLibrary(m_source, other));
+        QVERIFY(!replaceInLibrary(m_source, file, file));
+        QVERIFY(!replaceInLibrary(m_source, file, other));
+    }
+    for (const QString& folder : {QFileInfo(m_pLibrary->root()).path(), m_pLibrary->root()})
+        QVERIFY(QFile::setPermissions(folder, readOnly | QFile::WriteOwner));
+    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("A.rcvp=old")}));
 }
 
 void tst_LibraryFiles::forgetsWhatItTouches()

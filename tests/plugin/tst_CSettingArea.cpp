@@ -2,6 +2,7 @@
 #include "plugin/SettingHandler.h"
 #include "preferences/CPreferencesSettings.h"
 #include "tests/support/AreaFixture.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/UpperCase.h"
 #include "typelibrary/CTypeLibrarySetting.h"
@@ -182,12 +183,11 @@ void tst_CSettingArea::getSettingsRescansTheLibrary()
     QTemporaryDir library;
     area().setTypeLibraryPath(library.path());
     QVERIFY(area().getSettings()->typeLibraryTree.empty());
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    const QString file = library.filePath(QStringLiteral("a.rcvp"));
+    QVERIFY(writeFile(file, {}));
     QCOMPARE(area().getTypeLibrary().size(), std::size_t(0));
     QCOMPARE(area().getSettings()->typeLibraryTree.size(), std::size_t(1));
-    QCOMPARE(area().getSettings()->typeLibraryTree[0].path, file.fileName());
+    QCOMPARE(area().getSettings()->typeLibraryTree[0].path, file);
     QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));
 }
 
@@ -195,9 +195,7 @@ void tst_CSettingArea::setSettingsRescansTheLibrary()
 {
     QTemporaryDir library;
     area().setTypeLibraryPath(library.path());
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
     area().setSettings(SSettings());
     QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));
 }
@@ -269,9 +267,7 @@ void tst_CSettingArea::everyHandlerRepaintsTheTree()
 void tst_CSettingArea::typeLibraryPathFromAWorker()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
     auto* const handler = new FakeHandler;
     // While the scan runs the library is not ready.
     handler->isMulti = [](const QString&) { return !area().isTypeLibraryReady(); };
@@ -309,11 +305,10 @@ void tst_CSettingArea::typeLibraryPathFromAWorker()
 void tst_CSettingArea::missingLibraryFolderShowsNothing()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    const QString file = library.filePath(QStringLiteral("a.rcvp"));
+    QVERIFY(writeFile(file, {}));
     auto* const tree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
-    for (const QString& missing : {library.filePath(QStringLiteral("nowhere")), file.fileName(), QString()}) {
+    for (const QString& missing : {library.filePath(QStringLiteral("nowhere")), file, QString()}) {
         QVERIFY(area().setTypeLibraryPath(missing));
         QVERIFY(!tree->model());
         QVERIFY(area().getTypeLibrary().empty());
@@ -329,8 +324,7 @@ void tst_CSettingArea::pathsThatOverlap()
     QTemporaryDir first;
     QTemporaryDir second;
     for (const QTemporaryDir* library : {&first, &second}) {
-        QFile file(library->filePath(QStringLiteral("a.rcvp")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(writeFile(library->filePath(QStringLiteral("a.rcvp")), {}));
     }
     auto* const handler = new FakeHandler;
     std::atomic_bool scanning{false};
@@ -366,9 +360,7 @@ void tst_CSettingArea::pathsThatOverlap()
 void tst_CSettingArea::pushDoesNotWaitForTheFirstScan()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
     auto* const handler = new FakeHandler;
     std::atomic_bool scanning{false};
     std::atomic_bool pushed{false};
@@ -394,9 +386,7 @@ void tst_CSettingArea::pushDoesNotWaitForTheFirstScan()
 void tst_CSettingArea::noExceptionReachesTheHost()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
     QVERIFY(area().getSettings()->typeLibraryTree.empty()); // what the record is to keep
     auto* const handler = new FakeHandler;
     handler->isMulti = [](const QString&) -> bool { throw std::bad_alloc(); };
@@ -413,9 +403,7 @@ void tst_CSettingArea::noExceptionReachesTheHost()
 void tst_CSettingArea::typeLibraryPathOnTheGuiThread()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
     QVERIFY(area().setTypeLibraryPath(library.path()));
     QVERIFY(area().isTypeLibraryReady());
     QCOMPARE(area().getTypeLibrary().size(), std::size_t(1));

@@ -3,6 +3,7 @@
 #include "plugin/interface/ISettingInterface.h"
 #include "plugin/interface/SettingArea_Init.h"
 #include "tests/support/FakeHandler.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -125,9 +126,7 @@ void tst_SettingArea_Init::givesTheSameAreaEveryTime()
 void tst_SettingArea_Init::handlerCrossesTheBoundary()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
 
     int deleted = 0;
     auto* const handler = new FakeHandler;
@@ -183,9 +182,7 @@ void tst_SettingArea_Init::libraryFromAWorkerThread()
 void tst_SettingArea_Init::queryMayCallBack()
 {
     QTemporaryDir library;
-    QFile file(library.filePath(QStringLiteral("a.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QVERIFY(writeFile(library.filePath(QStringLiteral("a.rcvp")), {}));
     auto* const handler = new FakeHandler;
     handler->isMulti = [this](const QString&) {
         return area->getTypeLibrary().empty() && !area->isTypeLibraryReady() && area->getHandler();
@@ -200,8 +197,7 @@ void tst_SettingArea_Init::guiThreadStaysAliveDuringAScan()
 {
     QTemporaryDir library;
     for (int i = 0; i < 3; ++i) {
-        QFile file(library.filePath(QStringLiteral("%1.rcvp").arg(i)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(writeFile(library.filePath(QStringLiteral("%1.rcvp").arg(i)), {}));
     }
     // Each query waits until the GUI thread has run its loop once more.
     std::atomic_int rounds{0};
@@ -228,8 +224,7 @@ void tst_SettingArea_Init::handlerReplacedDuringAScan()
 {
     QTemporaryDir library;
     for (int i = 0; i < 50; ++i) {
-        QFile file(library.filePath(QStringLiteral("%1.rcvp").arg(i)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(writeFile(library.filePath(QStringLiteral("%1.rcvp").arg(i)), {}));
     }
     std::atomic_int deleted{0};
     const auto installNew = [&] {

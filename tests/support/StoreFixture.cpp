@@ -1,17 +1,10 @@
 #include "tests/support/StoreFixture.h"
 
 #include "plugin/SettingHandler.h"
+#include "tests/support/FileFixture.h"
 
 #include <QDir>
 #include <QFile>
-
-#include <algorithm>
-#include <thread>
-
-#include <sys/fsuid.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace {
 
@@ -62,10 +55,8 @@ void StoreFixture::cleanup()
 QString StoreFixture::write(const QString& relativePath, const QByteArray& content)
 {
     const QString path = pathOf(relativePath);
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("Cannot write %s: %s", qPrintable(path), qPrintable(file.errorString()));
+    if (!writeFile(path, content))
+        qFatal("Cannot write %s", qPrintable(path));
     return path;
 }
 
@@ -90,33 +81,6 @@ QStringList StoreFixture::questionsAbout(const QString& path) const
             questions.append(call.section(QLatin1Char('('), 0, 0));
     }
     return questions;
-}
-
-void StoreFixture::withoutPrivileges(const std::function<void()>& function)
-{
-    std::thread user([&] {
-        if (::geteuid() == 0)
-            ::setfsuid(65'534); // counts for this thread only
-        function();
-    });
-    user.join();
-}
-
-UnixSocket::UnixSocket(const QString& path)
-    : m_socket(::socket(AF_UNIX, SOCK_STREAM, 0))
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const QByteArray name = QFile::encodeName(path);
-    if (name.size() >= int(sizeof address.sun_path))
-        return;
-    std::copy(name.cbegin(), name.cend(), address.sun_path);
-    m_bound = ::bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-}
-
-UnixSocket::~UnixSocket()
-{
-    ::close(m_socket);
 }
 
 QStringList outline(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes)

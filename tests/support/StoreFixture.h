@@ -25,31 +25,12 @@ protected:
     // What the handler was asked so far about the file, as operation names.
     QStringList questionsAbout(const QString& path) const;
 
-    // Runs the function on a thread that has no rights but those in the files' modes, even where the test runs as
-    // superuser.
-    static void withoutPrivileges(const std::function<void()>& function);
-
     std::unique_ptr<QTemporaryDir> library;
     std::shared_ptr<FakeHandler> handler;
 
 protected Q_SLOTS:
     void init();
     void cleanup();
-};
-
-// A socket in the file system, for as long as the object lives.
-class UnixSocket
-{
-public:
-    explicit UnixSocket(const QString& path);
-    ~UnixSocket();
-    Q_DISABLE_COPY(UnixSocket)
-
-    bool isBound() const { return m_bound; }
-
-private:
-    int m_socket;
-    bool m_bound = false;
 };
 
 // The tree as text, one line a node: indent, kind (g, m, s, -), name.

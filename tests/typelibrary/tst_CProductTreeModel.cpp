@@ -1,3 +1,4 @@
+#include "tests/support/FileFixture.h"
 #include "tests/support/StoreFixture.h"
 #include "typelibrary/CProductFileIconProvider.h"
 #include "typelibrary/CProductTreeModel.h"
@@ -382,10 +383,9 @@ void tst_CProductTreeModel::knownAttributesAreNotAskedForAgain()
 void tst_CProductTreeModel::linksKeepTheirOwnPath()
 {
     QTemporaryDir elsewhere;
-    QFile file(elsewhere.filePath(QStringLiteral("other.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
-    QVERIFY(QFile::link(file.fileName(), pathOf(QStringLiteral("link.rcvp"))));
+    const QString file = elsewhere.filePath(QStringLiteral("other.rcvp"));
+    QVERIFY(writeFile(file, {}));
+    QVERIFY(QFile::link(file, pathOf(QStringLiteral("link.rcvp"))));
     const QModelIndex index = indexOf(QStringLiteral("link.rcvp"));
     QCOMPARE(index.data(CProductTreeModel::PathRole).toString(), pathOf(QStringLiteral("link.rcvp")));
 }

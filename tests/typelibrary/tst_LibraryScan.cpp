@@ -1,10 +1,9 @@
+#include "tests/support/FileFixture.h"
 #include "tests/support/StoreFixture.h"
 #include "typelibrary/store/LibraryScan.h"
 #include "typelibrary/store/Md5.h"
 
 #include <QCoreApplication>
-
-#include <sys/stat.h>
 
 using STreeNode = SSettings::TypeLibrary::STreeNode;
 
@@ -21,11 +20,10 @@ class tst_LibraryScan : public StoreFixture
     Q_OBJECT
 
 private:
-    std::vector<STreeNode> scanAsUser()
+    std::vector<STreeNode> scanAsUser() const
     {
-        std::vector<STreeNode> nodes;
-        withoutPrivileges([&] { nodes = scanLibrary(library->path(), 1); });
-        return nodes;
+        const PermissionsApply permissions;
+        return scanLibrary(library->path());
     }
 
 private Q_SLOTS:
@@ -83,11 +81,10 @@ void tst_LibraryScan::linksToFilesAndFoldersElsewhere()
 {
     QTemporaryDir elsewhere;
     QVERIFY(QDir(elsewhere.path()).mkdir(QStringLiteral("F")));
-    QFile file(elsewhere.filePath(QStringLiteral("F/x.rcvp")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    const QString file = elsewhere.filePath(QStringLiteral("F/x.rcvp"));
+    QVERIFY(writeFile(file, {}));
     QVERIFY(QFile::link(elsewhere.filePath(QStringLiteral("F")), pathOf(QStringLiteral("folder"))));
-    QVERIFY(QFile::link(file.fileName(), pathOf(QStringLiteral("file.rcvp"))));
+    QVERIFY(QFile::link(file, pathOf(QStringLiteral("file.rcvp"))));
     const auto nodes = scanLibrary(library->path());
     QCOMPARE(outline(nodes),
              QStringList({QStringLiteral("s file"), QStringLiteral("g folder"), QStringLiteral(" s x")}));
@@ -106,15 +103,14 @@ void tst_LibraryScan::linkToNowhereIsNotListed()
 void tst_LibraryScan::pipesAndSocketsAreNotListed()
 {
     write(QStringLiteral("G/x.rcvp"), "x");
-    QCOMPARE(::mkfifo(QFile::encodeName(pathOf(QStringLiteral("G/pipe.rcvp"))).constData(), 0600), 0);
-    const UnixSocket socket(pathOf(QStringLiteral("G/socket.rcvp")));
-    QVERIFY(socket.isBound());
+    QVERIFY(makeFifo(pathOf(QStringLiteral("G/pipe.rcvp"))));
+    QVERIFY(makeSocket(pathOf(QStringLiteral("G/socket.rcvp"))));
     QCOMPARE(outline(scanLibrary(library->path())), QStringList({QStringLiteral("g G"), QStringLiteral(" s x")}));
 }
 
 void tst_LibraryScan::linksToPipesAndDevicesAreEntriesButNoTypes()
 {
-    QCOMPARE(::mkfifo(QFile::encodeName(pathOf(QStringLiteral("pipe"))).constData(), 0600), 0);
+    QVERIFY(makeFifo(pathOf(QStringLiteral("pipe"))));
     QVERIFY(QFile::link(pathOf(QStringLiteral("pipe")), pathOf(QStringLiteral("a.rcvp"))));
     QVERIFY(QFile::link(QStringLiteral("/dev/zero"), pathOf(QStringLiteral("b.rcvp"))));
     QVERIFY(QFile::link(QStringLiteral("/dev/zero"), pathOf(QStringLiteral("c.txt"))));

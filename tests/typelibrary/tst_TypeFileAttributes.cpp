@@ -1,11 +1,10 @@
+#include "tests/support/FileFixture.h"
 #include "tests/support/StoreFixture.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
 #include <QCoreApplication>
 
 #include <future>
-
-#include <sys/stat.h>
 
 using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
 
@@ -69,11 +68,10 @@ void tst_TypeFileAttributes::whatIsNoTypeFileHasEmptyAttributes()
     write(QStringLiteral("a.RCVP"), "a");
     write(QStringLiteral("rcvp"), "a");
     makeFolder(QStringLiteral("folder.rcvp"));
-    QCOMPARE(::mkfifo(QFile::encodeName(pathOf(QStringLiteral("pipe.rcvp"))).constData(), 0600), 0);
+    QVERIFY(makeFifo(pathOf(QStringLiteral("pipe.rcvp"))));
     QVERIFY(QFile::link(QStringLiteral("nowhere"), pathOf(QStringLiteral("broken.rcvp"))));
     QVERIFY(QFile::link(QStringLiteral("/dev/zero"), pathOf(QStringLiteral("device.rcvp"))));
-    const UnixSocket socket(pathOf(QStringLiteral("socket.rcvp")));
-    QVERIFY(socket.isBound());
+    QVERIFY(makeSocket(pathOf(QStringLiteral("socket.rcvp"))));
 
     QFETCH(QString, name);
     const QString path = pathOf(name);
@@ -210,9 +208,10 @@ void tst_TypeFileAttributes::digestOfAnUnreadableFileIsEmptyAndKept()
     QVERIFY(QFile::setPermissions(library->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
                                                        QFile::ExeGroup | QFile::ExeOther));
     QVERIFY(QFile::setPermissions(path, {}));
-    SMD5 md5;
-    withoutPrivileges([&] { md5 = md5OfFile(path); });
-    QVERIFY(isEmpty(md5));
+    {
+        const PermissionsApply permissions;
+        QVERIFY(isEmpty(md5OfFile(path)));
+    }
     QVERIFY(QFile::setPermissions(path, QFile::ReadOwner));
     QVERIFY(isEmpty(md5OfFile(path)));
     removeFromCache(path);
