@@ -76,7 +76,6 @@ bool TourStage::inDialogs(const std::function<void()>& open, const std::vector<A
         answered = top;
         done = done && (next >= acts.size() || acts[next](top));
         if (++next >= acts.size() || !done) {
-            answered.clear();
             if (top)
                 top->close();
         }
