@@ -96,9 +96,9 @@ void tst_Contract::fieldsOfTheSettings()
     QVERIFY(areInOrder(
         {&s.preferences, &s.layoutShortcuts, &s.softEdgeShortcuts, &s.typeLibraryTree, &s.monitoring, &s.email}));
     const SSettings::Preferences& p = s.preferences;
-    static_assert(std::is_same_v<decltype(p.connectionPriority), std::int32_t> &&
-                  std::is_same_v<decltype(p.softEdgeMode), std::int32_t> &&
-                  std::is_same_v<decltype(p.snapSpace), std::int32_t>);
+    static_assert(std::is_same_v<decltype(p.connectionPriority), std::int32_t>);
+    static_assert(std::is_same_v<decltype(p.softEdgeMode), std::int32_t>);
+    static_assert(std::is_same_v<decltype(p.snapSpace), std::int32_t>);
     QVERIFY(areInOrder({&p.connectionPriority, &p.fahrenheit, &p.showProgrammingPane, &p.showLayoutPane,
                         &p.showSoftEdgePane, &p.softEdgeMode, &p.showColorAdjustmentPane, &p.showHealthMonitoringPane,
                         &p.showGrid, &p.showStringPosition, &p.snapToCabinets, &p.snapSpace}));
@@ -107,9 +107,9 @@ void tst_Contract::fieldsOfTheSettings()
 void tst_Contract::fieldsOfTheMonitoring()
 {
     const SMonitorSettings m;
-    static_assert(std::is_same_v<decltype(m.nRefreshInterval), std::int32_t> &&
-                  std::is_same_v<decltype(m.nTemperature), std::int32_t> &&
-                  std::is_same_v<decltype(m.nHumidity), std::int32_t>);
+    static_assert(std::is_same_v<decltype(m.nRefreshInterval), std::int32_t>);
+    static_assert(std::is_same_v<decltype(m.nTemperature), std::int32_t>);
+    static_assert(std::is_same_v<decltype(m.nHumidity), std::int32_t>);
     QVERIFY(areInOrder({&m.nRefreshInterval,
                         &m.bVideoInput,
                         &m.bFreeze,
@@ -149,8 +149,8 @@ void tst_Contract::fieldsOfTheMonitoring()
 void tst_Contract::fieldsOfTheMail()
 {
     const SEmailSettings e;
-    static_assert(std::is_same_v<decltype(e.nAlertCount), std::int32_t> &&
-                  std::is_same_v<decltype(e.nPort), std::int32_t>);
+    static_assert(std::is_same_v<decltype(e.nAlertCount), std::int32_t>);
+    static_assert(std::is_same_v<decltype(e.nPort), std::int32_t>);
     QVERIFY(areInOrder({&e.bEmailNotification, &e.bRecoveryNotice, &e.nAlertCount, &e.bSsl, &e.nPort,
                         &e.strSenderAddress, &e.strPassword, &e.strSmtpServer, &e.lstRecipients}));
     const SEmailRecipient r;
@@ -162,7 +162,9 @@ void tst_Contract::fieldsOfTheTree()
     const SSettings::TypeLibrary::STreeNode n;
     QVERIFY(areInOrder({&n.name, &n.path, &n.nodeType, &n.md5, &n.resolution, &n.cabinetList, &n.cabinetFlag,
                         &n.cabinetBlock, &n.children}));
-    static_assert(sizeof(n.nodeType) == sizeof(int) && sizeof(SMD5) == 33 && sizeof(n.cabinetBlock) == 32);
+    static_assert(sizeof(n.nodeType) == sizeof(int));
+    static_assert(sizeof(SMD5) == 33);
+    static_assert(sizeof(n.cabinetBlock) == 32);
 }
 
 void tst_Contract::fieldsOfTheCabinet()
@@ -170,9 +172,11 @@ void tst_Contract::fieldsOfTheCabinet()
     const SHwRcvInCabinetInfo c;
     QVERIFY(areInOrder({&c.name, &c.md5, &c.specifyOrientation, &c.columns, &c.rows, &c.wiringOrder, &c.weight,
                         &c.power, &c.voltageMin, &c.voltageMax}));
-    static_assert(std::is_same_v<decltype(c.columns), std::uint8_t> && std::is_same_v<decltype(c.rows), std::uint8_t> &&
-                  sizeof(c.wiringOrder) == 10 && std::is_same_v<decltype(c.weight), float> &&
-                  std::is_same_v<decltype(c.voltageMax), float>);
+    static_assert(std::is_same_v<decltype(c.columns), std::uint8_t>);
+    static_assert(std::is_same_v<decltype(c.rows), std::uint8_t>);
+    static_assert(sizeof(c.wiringOrder) == 10);
+    static_assert(std::is_same_v<decltype(c.weight), float>);
+    static_assert(std::is_same_v<decltype(c.voltageMax), float>);
 }
 
 SETTINGAREA_TEST_MAIN(tst_Contract, QCoreApplication)
