@@ -58,8 +58,9 @@ void CLayoutCommands::followLibrary()
 
 bool CLayoutCommands::eventFilter(QObject* watched, QEvent* event)
 {
+    // Queued: a tree that is being destroyed is hidden too, and is no tree any more then.
     if (event->type() == QEvent::Show || event->type() == QEvent::Hide)
-        enableCommands();
+        QMetaObject::invokeMethod(this, &CLayoutCommands::enableCommands, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);
 }
 

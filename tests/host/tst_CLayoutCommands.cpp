@@ -234,12 +234,11 @@ void tst_CLayoutCommands::aHiddenTreePlacesNothing()
     select(Single);
     QVERIFY(place()->isEnabled());
     m_tree->hide();
-    QVERIFY(!place()->isEnabled());
-    place()->setEnabled(true);
     place()->trigger();
     QCOMPARE(m_project->placedTypes().size(), 0);
+    QTRY_VERIFY(!place()->isEnabled());
     m_tree->show();
-    QVERIFY(place()->isEnabled());
+    QTRY_VERIFY(place()->isEnabled());
 }
 
 void tst_CLayoutCommands::anAreaWithoutATreePlacesNothing()
@@ -259,7 +258,9 @@ void tst_CLayoutCommands::theTreeMayGoFirst()
     select(Single);
     place()->trigger();
     m_tree.reset();
+    QCoreApplication::processEvents();
     QVERIFY(remove()->isEnabled());
+    QVERIFY(!place()->isEnabled());
     m_project->clear();
     QVERIFY(!place()->isEnabled());
 }
