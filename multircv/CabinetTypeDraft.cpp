@@ -1,9 +1,9 @@
 #include "multircv/CabinetTypeDraft.h"
 
-#include "multircv/LibraryFiles.h"
 #include "plugin/SettingHandler.h"
 #include "plugin/interface/ISettingInterfaceHandler.h"
 #include "typelibrary/store/CTypeLibrary.h"
+#include "typelibrary/store/LibraryFiles.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
 #include <QFile>

@@ -192,6 +192,45 @@
     </message>
 </context>
 <context>
+    <name>CProductTreeMenu</name>
+    <message>
+        <source>New type folder</source>
+        <translation>新建类型文件夹</translation>
+    </message>
+    <message>
+        <source>Import as folder</source>
+        <translation>导入文件夹</translation>
+    </message>
+    <message>
+        <source>Import cabinet type file(Suffix rcvbp)</source>
+        <translation>导入箱体类型文件(后缀 rcvbp)</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Export cabinet parameters by group</source>
+        <translation>按组导出箱体参数</translation>
+    </message>
+    <message>
+        <source>Export current cabinet parameters</source>
+        <translation>导出当前箱体参数</translation>
+    </message>
+    <message>
+        <source>Export all cabinet parameters</source>
+        <translation>导出所有箱体参数</translation>
+    </message>
+</context>
+<context>
     <name>CProductTreeModel</name>
     <message>
         <source>There is already a type group with the same name.</source>
@@ -212,6 +251,93 @@
     <message>
         <source>Operate</source>
         <translation>操作</translation>
+    </message>
+</context>
+<context>
+    <name>CProductTreeView</name>
+    <message>
+        <source>The action cannot be completed because the type (%1) is being used in layout.</source>
+        <translation>类型(%1)正在布局中使用，无法完成此操作。</translation>
+    </message>
+    <message>
+        <source>The action cannot be done because the subdirectory is limited to 3 layers.</source>
+        <translation>子目录最多 3 层，无法执行此操作。</translation>
+    </message>
+    <message>
+        <source>The action cannot be completed because the type is being used in layout.</source>
+        <translation>该类型正在布局中使用，无法完成此操作。</translation>
+    </message>
+    <message>
+        <source>Are you sure want to delete type group(%1)?</source>
+        <translation>确定要删除类型组(%1)吗？</translation>
+    </message>
+    <message>
+        <source>Are you sure want to delete type(%1)?</source>
+        <translation>确定要删除类型(%1)吗？</translation>
+    </message>
+    <message>
+        <source>New type folder</source>
+        <translation>新建类型文件夹</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>导出...</translation>
+    </message>
+    <message>
+        <source>Export successful.</source>
+        <translation>导出成功。</translation>
+    </message>
+    <message>
+        <source>Export failed.</source>
+        <translation>导出失败。</translation>
+    </message>
+    <message>
+        <source>File(*.%1)</source>
+        <translation>文件(*.%1)</translation>
+    </message>
+    <message>
+        <source>All types</source>
+        <translation>所有类型</translation>
+    </message>
+    <message>
+        <source>Importing...</source>
+        <translation>正在导入...</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>导入...</translation>
+    </message>
+    <message>
+        <source>There is no valid type file in this folder.</source>
+        <translation>此文件夹中没有有效的类型文件。</translation>
+    </message>
+    <message>
+        <source>Import failed.</source>
+        <translation>导入失败。</translation>
+    </message>
+    <message>
+        <source>All type files in the type group has been added.</source>
+        <translation>该类型组中的类型文件均已添加。</translation>
+    </message>
+    <message>
+        <source>There is already a same type file: %1</source>
+        <translation>已存在相同的类型文件：%1</translation>
+    </message>
+    <message>
+        <source>Parameter(*.rcvp *.rcvbp)</source>
+        <translation>参数文件(*.rcvp *.rcvbp)</translation>
+    </message>
+    <message>
+        <source>Add cabinet type failed.</source>
+        <translation>添加箱体类型失败。</translation>
+    </message>
+    <message>
+        <source>Duplicated type files:(%1).</source>
+        <translation>重复的类型文件：(%1)。</translation>
+    </message>
+    <message>
+        <source>There is already a type file with the same name under this subdirectory(%1).</source>
+        <translation>此子目录下已存在同名的类型文件(%1)。</translation>
     </message>
 </context>
 <context>
@@ -281,6 +407,20 @@
     <message>
         <source>Cabinet label</source>
         <translation>箱体标签</translation>
+    </message>
+</context>
+<context>
+    <name>NameList</name>
+    <message>
+        <source>, </source>
+        <extracomment>Between the names of a list</extracomment>
+        <translation>、</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1以及另外 %n 个</numerusform>
+        </translation>
     </message>
 </context>
 <context>

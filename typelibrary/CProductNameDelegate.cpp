@@ -41,6 +41,13 @@ QWidget* CProductNameDelegate::createEditor(QWidget* parent, const QStyleOptionV
     return editor;
 }
 
+void CProductNameDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    const auto* const edit = qobject_cast<QLineEdit*>(editor);
+    if (!edit || !edit->isModified())
+        QStyledItemDelegate::setEditorData(editor, index);
+}
+
 void CProductNameDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {
     auto* const edit = qobject_cast<QLineEdit*>(editor);

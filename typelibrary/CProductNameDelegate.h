@@ -12,6 +12,8 @@ public:
 
     // A line edit that takes up to 64 characters which may stand in the names of files.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    // Leaves a name alone that the user has begun to type: the file may change meanwhile.
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     // Writes back through the model; a name that was left empty becomes the current one again.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

@@ -41,6 +41,7 @@ CProductTreeModel::CProductTreeModel(QObject* parent)
     setIconProvider(m_pIconProvider.get());
     setNameFilters({QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")});
     setNameFilterDisables(false);
+    connect(this, &QFileSystemModel::directoryLoaded, this, [this](const QString& folder) { m_loaded.insert(folder); });
 }
 
 CProductTreeModel::~CProductTreeModel() = default;
@@ -113,13 +114,44 @@ bool CProductTreeModel::setData(const QModelIndex& index, const QVariant& value,
     QDir parentFolder(filePath(index.parent()));
     if (isUsableName(editedName) && parentFolder.rename(oldName, newName)) {
         parentFolder.rename(newName, oldName);
-        return QFileSystemModel::setData(index, newName, Qt::EditRole);
+        return isGroup ? renameFolder(index, newName) : QFileSystemModel::setData(index, newName, Qt::EditRole);
     }
     CMessageBox::information(nullptr,
                              isGroup ? tr("There is already a type group with the same name.")
                                      : tr("There is already a type with the same name."),
                              QStringLiteral("Orvel"), CMessageBox::Ok, CMessageBox::Ok);
     return false;
+}
+
+// The base class would go on watching the folder, and those below it, under their old paths, and no longer follow the
+// disk there.
+bool CProductTreeModel::renameFolder(const QModelIndex& folder, const QString& name)
+{
+    QModelIndexList loaded;
+    for (QModelIndexList folders{folder}; !folders.isEmpty();) {
+        const QModelIndex parent = folders.takeLast();
+        if (!m_loaded.remove(filePath(parent)))
+            continue;
+        loaded.append(parent);
+        for (int row = 0; row < rowCount(parent); ++row) {
+            const QModelIndex child = index(row, NameColumn, parent);
+            if (isDir(child))
+                folders.append(child);
+        }
+    }
+    if (loaded.isEmpty())
+        return QFileSystemModel::setData(folder, name, Qt::EditRole);
+
+    // A folder that ceases to be the root is let go, and fetchMore() reads and watches it again.
+    const QString root = rootPath();
+    for (const QModelIndex& parent : qAsConst(loaded))
+        setRootPath(filePath(parent));
+    setRootPath(QString());
+    const bool isRenamed = QFileSystemModel::setData(folder, name, Qt::EditRole);
+    setRootPath(root);
+    for (const QModelIndex& parent : qAsConst(loaded))
+        fetchMore(parent);
+    return isRenamed;
 }
 
 QVariant CProductTreeModel::headerData(int section, Qt::Orientation orientation, int role) const

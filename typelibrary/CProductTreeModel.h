@@ -3,6 +3,7 @@
 #include "typelibrary/store/TypeFileInfoCache.h"
 
 #include <QFileSystemModel>
+#include <QSet>
 
 #include <memory>
 
@@ -50,8 +51,11 @@ public:
 private:
     SSettings::TypeLibrary::STreeNode::NodeType nodeType(const QModelIndex& index) const;
 
+    bool renameFolder(const QModelIndex& folder, const QString& name);
+
     // What the row's file is known, or now found, to be; nothing for folders and for files that are no types.
     TypeFileInfo typeInfo(const QModelIndex& index, TypeFileInfo::Attribute attribute) const;
 
     const std::unique_ptr<CProductFileIconProvider> m_pIconProvider;
+    QSet<QString> m_loaded; // paths of the folders that have been read, and are watched
 };

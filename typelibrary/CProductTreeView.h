@@ -2,7 +2,13 @@
 
 #include <widgetry/CTreeView.h>
 
+#include <QFileSystemWatcher>
+#include <QPointer>
+
+class CProductTreeDelegate;
+class CProductTreeMenu;
 class CProductTreeModel;
+class QShortcut;
 
 // The tree on the Type library tab, with every operation on the library. Each operation asks and tells by modal boxes,
 // during which the host may destroy the view. [GUI thread]
@@ -30,9 +36,9 @@ public Q_SLOTS:
     void newTypeFolder();
     void importAsFolder();
     void importCabinetFiles();
-    void clear(); // keeps the types that the layout uses, and the groups above them
-    void editIndex(const QModelIndex& index);
-    void deleteIndex(const QModelIndex& index);
+    void clear(); // keeps the types that the layout uses, and the groups above them; no rescan follows
+    void editIndex(const QModelIndex& index);   // opens the editor; the rescan follows the name that is written
+    void deleteIndex(const QModelIndex& index); // asks before
     void editMultiRcvType();
     void exportCurrent();
     void exportByGroup();
@@ -42,6 +48,28 @@ Q_SIGNALS:
     // hasRows() may have changed.
     void notifyRowsChanged();
 
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
 private:
+    void connectModel();
+    void showLibrary(const QModelIndex& root);
+    void run(int entry, const QModelIndex& index);
+    void forgetOldName(const QString& folder, const QString& oldName, const QString& newName);
+
+    // The name's index, when `index` is a row of the library that is shown; invalid else.
+    QModelIndex entryOf(const QModelIndex& index) const;
+    QString pathOf(const QModelIndex& index) const; // empty if invalid
+    QString libraryFolder() const;                  // empty if there is none
+    void expandFolder(const QString& path);
+
     CProductTreeModel* const m_pModel;
+    CProductTreeDelegate* const m_pOperateDelegate;
+    QShortcut* const m_pEditShortcut;
+    QShortcut* const m_pDeleteShortcut;
+    QFileSystemWatcher m_rootWatch; // the model does not notice when its root goes
+    QPointer<CProductTreeMenu> m_pMenu;
+    QString m_lastFolder; // chosen in an import's dialog
+    bool m_bEditable = true;
 };

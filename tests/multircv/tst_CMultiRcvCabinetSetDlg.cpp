@@ -2,9 +2,9 @@
 #include "multircv/CMultiRcvCabinetSetSecondPage.h"
 #include "multircv/CWizardSteps.h"
 #include "multircv/CabinetWiringWidget.h"
-#include "tests/multircv/ModalScript.h"
 #include "tests/multircv/Wizard.h"
 #include "tests/multircv/WizardFixture.h"
+#include "tests/support/ModalScript.h"
 #include "tests/support/UpperCase.h"
 
 #include <QAccessible>

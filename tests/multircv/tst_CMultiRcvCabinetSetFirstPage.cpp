@@ -1,6 +1,6 @@
 #include "multircv/CMultiRcvCabinetSetFirstPage.h"
-#include "tests/multircv/ModalScript.h"
 #include "tests/multircv/WizardLibrary.h"
+#include "tests/support/ModalScript.h"
 #include "tests/support/TestObject.h"
 #include "tests/support/UpperCase.h"
 
@@ -195,7 +195,7 @@ void tst_CMultiRcvCabinetSetFirstPage::cancelledBrowsingChangesNothing()
 {
     const Page page(root());
     ModalScript script;
-    script.choose({});
+    script.choose(QString());
     page.browse();
     QCOMPARE(script.seen(), QStringList({fileDialog()}));
     QCOMPARE(page.page.parameterFile(), QString());

@@ -1,6 +1,6 @@
-#include "tests/multircv/ModalScript.h"
 #include "tests/multircv/Wizard.h"
 #include "tests/multircv/WizardFixture.h"
+#include "tests/support/ModalScript.h"
 
 #include <QApplication>
 #include <QCheckBox>

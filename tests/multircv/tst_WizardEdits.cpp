@@ -1,8 +1,8 @@
 #include "multircv/CMultiRcvCabinetSetFirstPage.h"
 #include "multircv/CMultiRcvCabinetSetSecondPage.h"
-#include "tests/multircv/ModalScript.h"
 #include "tests/multircv/Wizard.h"
 #include "tests/multircv/WizardFixture.h"
+#include "tests/support/ModalScript.h"
 
 #include <QApplication>
 #include <QCheckBox>

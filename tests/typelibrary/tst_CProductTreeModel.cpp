@@ -61,6 +61,7 @@ private Q_SLOTS:
 
     void renamesAFile();
     void renamesAFolder();
+    void followsTheDiskInARenamedFolder();
     void sameNameChangesNothing();
     void refusedEdits();
     void takenNames_data();
@@ -411,6 +412,24 @@ void tst_CProductTreeModel::renamesAFolder()
              QStringList({QStringLiteral("South")}));
     QVERIFY(QFile::exists(pathOf(QStringLiteral("South/a.rcvp"))));
     QCOMPARE(index.data().toString(), QStringLiteral("South"));
+}
+
+void tst_CProductTreeModel::followsTheDiskInARenamedFolder()
+{
+    write(QStringLiteral("G/a.rcvp"), "a");
+    write(QStringLiteral("G/Sub/b.rcvp"), "b");
+    QVERIFY(indexOf(QStringLiteral("G/Sub/b.rcvp")).isValid()); // which loads the folders
+    QVERIFY(model->setData(indexOf(QStringLiteral("G")), QStringLiteral("H")));
+    write(QStringLiteral("H/late.rcvp"), "late");
+    write(QStringLiteral("H/Sub/late.rcvp"), "late");
+    write(QStringLiteral("late.rcvp"), "late");
+    QFile::remove(pathOf(QStringLiteral("H/a.rcvp")));
+    const QModelIndex group = model->index(pathOf(QStringLiteral("H")));
+    QTRY_COMPARE(model->rowCount(root), 2);
+    QTRY_COMPARE(model->rowCount(group), 2);
+    QTRY_COMPARE(model->rowCount(model->index(pathOf(QStringLiteral("H/Sub")))), 2);
+    QTRY_COMPARE(model->index(1, 0, group).data().toString(), QStringLiteral("late.rcvp"));
+    QCOMPARE(model->rootPath(), library->path());
 }
 
 void tst_CProductTreeModel::sameNameChangesNothing()

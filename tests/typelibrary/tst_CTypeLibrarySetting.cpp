@@ -1,4 +1,4 @@
-#include "tests/multircv/ModalScript.h"
+#include "tests/support/ModalScript.h"
 #include "tests/support/TestObject.h"
 #include "tests/support/UpperCase.h"
 #include "tests/typelibrary/LibraryPage.h"
@@ -265,6 +265,8 @@ void tst_CTypeLibrarySetting::keys()
     for (QWidget* const focus :
          {static_cast<QWidget*>(shown.view()), static_cast<QWidget*>(shown.button("ClearAll"))}) {
         QTRY_VERIFY(focus->isEnabled());
+        shown.page->activateWindow(); // again, after a dialog
+        QVERIFY(QTest::qWaitForWindowActive(shown.page.get()));
         focus->setFocus();
         std::vector<std::unique_ptr<QSignalSpy>> clicks;
         for (const char* const name : buttonNames)

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void withoutHandlerNothingOfTheHostsIsKept();
     void removalWinsOverASlowReader();
     void removalOfAnotherPathDoesNotMatter();
+    void removalOfAFolder();
+    void removalOfAFolderWinsOverASlowReader();
     void digestOfAnEmptyFile();
     void digestOfAnUnreadableFileIsEmptyAndKept();
     void digestsCompareByTheirCharacters();
@@ -194,6 +196,37 @@ void tst_TypeFileAttributes::removalOfAnotherPathDoesNotMatter()
     resolutionOfFile(path);
     resolutionOfFile(path);
     QCOMPARE(questionsAbout(path).size(), 1);
+}
+
+void tst_TypeFileAttributes::removalOfAFolder()
+{
+    const QString inside = write(QStringLiteral("G/Sub/a.rcvp"), "a");
+    const QString gone = write(QStringLiteral("G/gone.rcvp"), "gone");
+    const QString beside = write(QStringLiteral("G2/b.rcvp"), "b");
+    for (const QString& path : {inside, gone, beside})
+        QVERIFY(!isEmpty(md5OfFile(path)));
+    QFile::remove(gone);
+    removeFolderFromCache(pathOf(QStringLiteral("G")));
+    QVERIFY(!TypeFileInfoCache::instance().find(inside).known);
+    QVERIFY(!TypeFileInfoCache::instance().find(gone).known);
+    QVERIFY(TypeFileInfoCache::instance().find(beside).known);
+}
+
+void tst_TypeFileAttributes::removalOfAFolderWinsOverASlowReader()
+{
+    const QString inside = write(QStringLiteral("G/a.rcvp"), "a");
+    const QString beside = write(QStringLiteral("G2/b.rcvp"), "b");
+    handler->isMulti = [this](const QString&) {
+        removeFolderFromCache(pathOf(QStringLiteral("G"))); // while the answer is under way
+        return true;
+    };
+    QCOMPARE(typeOfFile(inside), NodeType::MultiRcv);
+    QVERIFY(!TypeFileInfoCache::instance().find(inside).known);
+    QCOMPARE(typeOfFile(beside), NodeType::MultiRcv);
+    QVERIFY(TypeFileInfoCache::instance().find(beside).known);
+    handler->isMulti = [](const QString&) { return false; };
+    QCOMPARE(typeOfFile(inside), NodeType::SingleRcv); // a removal counts for what had begun before it only
+    QVERIFY(TypeFileInfoCache::instance().find(inside).known);
 }
 
 void tst_TypeFileAttributes::digestOfAnEmptyFile()

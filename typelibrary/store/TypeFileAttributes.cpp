@@ -116,3 +116,8 @@ void removeFromCache(const QString& path)
 {
     TypeFileInfoCache::instance().remove(path);
 }
+
+void removeFolderFromCache(const QString& folder)
+{
+    TypeFileInfoCache::instance().removeBelow(folder);
+}

@@ -26,6 +26,9 @@ std::array<std::int64_t, 4> cabinetBlockOfFile(const QString& path);         // 
 // Forgets everything about the path. Whoever has written, renamed or deleted a type file calls it before a rescan.
 void removeFromCache(const QString& path);
 
+// The same for all paths below a folder that was deleted, renamed or written into.
+void removeFolderFromCache(const QString& folder);
+
 // For callers that know the file to be a type file, because they have just listed it: the attributes without another
 // look at the disk. Computes those of `attributes` (TypeFileInfo::Attribute) that the cache lacks.
 TypeFileInfo typeFileInfo(const QString& path, std::uint8_t attributes);

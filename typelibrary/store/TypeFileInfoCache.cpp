@@ -38,6 +38,28 @@ void TypeFileInfoCache::remove(const QString& path)
         m_removed[path] = m_removals;
 }
 
+void TypeFileInfoCache::removeBelow(const QString& folder)
+{
+    const QString prefix = folder + QLatin1Char('/');
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto it = m_entries.begin(); it != m_entries.end();)
+        it = it.key().startsWith(prefix) ? m_entries.erase(it) : std::next(it);
+    ++m_removals;
+    if (m_underWay > 0)
+        m_removedBelow[prefix] = m_removals;
+}
+
+bool TypeFileInfoCache::isRemovedSince(const QString& path, std::uint64_t begun) const
+{
+    if (m_removed.value(path, 0) > begun)
+        return true;
+    for (auto it = m_removedBelow.cbegin(); it != m_removedBelow.cend(); ++it) {
+        if (it.value() > begun && path.startsWith(it.key()))
+            return true;
+    }
+    return false;
+}
+
 TypeFileInfoCache::Computation::Computation(TypeFileInfoCache& cache, const QString& path)
     : m_cache(cache),
       m_path(path)
@@ -50,13 +72,15 @@ TypeFileInfoCache::Computation::Computation(TypeFileInfoCache& cache, const QStr
 TypeFileInfoCache::Computation::~Computation()
 {
     const std::lock_guard<std::mutex> lock(m_cache.m_mutex);
-    if (--m_cache.m_underWay == 0)
+    if (--m_cache.m_underWay == 0) {
         m_cache.m_removed.clear();
+        m_cache.m_removedBelow.clear();
+    }
 }
 
 void TypeFileInfoCache::Computation::commit(const TypeFileInfo& info)
 {
     const std::lock_guard<std::mutex> lock(m_cache.m_mutex);
-    if (m_cache.m_removed.value(m_path, 0) <= m_begun)
+    if (!m_cache.isRemovedSince(m_path, m_begun))
         m_cache.m_entries[m_path].merge(info);
 }

@@ -52,6 +52,9 @@ public:
 
     void remove(const QString& path);
 
+    // Removes every path below the folder, whether a file is there or not. Looks at each path of the cache once.
+    void removeBelow(const QString& folder);
+
     // One computation of attributes. Begin it before the file is touched and commit the result: if the path was
     // removed in between, the result is older than the change that the removal announced and is not kept.
     class Computation
@@ -70,9 +73,12 @@ public:
     };
 
 private:
+    bool isRemovedSince(const QString& path, std::uint64_t begun) const;
+
     mutable std::mutex m_mutex;
     QHash<QString, TypeFileInfo> m_entries;
-    std::uint64_t m_removals = 0;            // number of removals so far
-    QHash<QString, std::uint64_t> m_removed; // by path, the last removal while a computation was under way
-    int m_underWay = 0;                      // computations begun and not ended
+    std::uint64_t m_removals = 0;                 // number of removals so far
+    QHash<QString, std::uint64_t> m_removed;      // by path, the last removal while a computation was under way
+    QHash<QString, std::uint64_t> m_removedBelow; // the same by folder, which ends in a slash
+    int m_underWay = 0;                           // computations begun and not ended
 };

@@ -1,7 +1,7 @@
-#include "multircv/LibraryFiles.h"
 #include "tests/multircv/WizardLibrary.h"
 #include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
+#include "typelibrary/store/LibraryFiles.h"
 
 #include <QApplication>
 

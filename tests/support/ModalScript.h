@@ -5,31 +5,46 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
 
-// Answers the message boxes and file dialogs that open while it lives, one after the other. What opens without an
-// answer is noted as unexpected, and closed.
+#include <functional>
+
+// Answers the message boxes and file dialogs that open while it lives, one after the other, a file dialog's own warning
+// of a file that exists with Yes. What opens without an answer is noted as unexpected, and closed.
 class ModalScript
 {
 public:
     ModalScript()
     {
-        QObject::connect(&m_watch, &QTimer::timeout, &m_watch, [this] { look(); });
+        // Queued: an answer may open the next box before it is done, and a timer does not interrupt itself.
+        QObject::connect(
+            &m_watch, &QTimer::timeout, &m_look, [this] { look(); }, Qt::QueuedConnection);
         m_watch.start(1);
     }
     Q_DISABLE_COPY(ModalScript)
 
     ModalScript& press(CDialog::Button button)
     {
-        m_answers.append({button, {}});
+        m_answers.append({button, {}, {}});
         return *this;
     }
-    // Chooses a file; cancels for an empty path.
+    // Chooses a file or folder; cancels for an empty path.
     ModalScript& choose(const QString& path)
     {
-        m_answers.append({CDialog::Cancel, path});
+        m_answers.append({CDialog::Cancel, path, {}});
+        return *this;
+    }
+    ModalScript& chooseAll(const QStringList& paths)
+    {
+        return choose(QLatin1Char('"') + paths.join(QStringLiteral("\" \"")) + QLatin1Char('"'));
+    }
+    // Does this with the next box or dialog, which it has to end.
+    ModalScript& use(const std::function<void(QWidget*)>& function)
+    {
+        m_answers.append({CDialog::Cancel, {}, function});
         return *this;
     }
 
@@ -42,13 +57,23 @@ private:
     {
         CDialog::Button button;
         QString file;
+        std::function<void(QWidget*)> use;
     };
 
     void look()
     {
         QWidget* const dialog = QApplication::activeModalWidget();
+        if (dialog && dialog->isVisible() && !m_answers.isEmpty() && m_answers.first().use) {
+            m_answers.takeFirst().use(dialog);
+            return;
+        }
         auto* const box = qobject_cast<CMessageBox*>(dialog);
         auto* const files = qobject_cast<QFileDialog*>(dialog);
+        if (auto* const warning = qobject_cast<QMessageBox*>(dialog)) {
+            m_seen.append(QStringLiteral("warning"));
+            warning->button(QMessageBox::Yes)->click();
+            return;
+        }
         if ((!box && !files) || !dialog->isVisible())
             return;
         if (m_answers.isEmpty()) {
@@ -91,6 +116,7 @@ private:
     }
 
     QTimer m_watch;
+    QObject m_look;
     QList<Answer> m_answers;
     QStringList m_seen;
 };

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// The changes that the wizard makes to files of the type library. Whatever they touch is dropped from the attribute
-// cache. False when the copy could not be made; all files are then as they were. [GUI thread]
+// Changes of single files in the type library. Whatever they touch is dropped from the attribute cache. False when the
+// copy could not be made; all files are then as they were. [GUI thread]
 
 // Copies `source` byte for byte to `target`, which must not exist.
 bool copyIntoLibrary(const QString& source, const QString& target);

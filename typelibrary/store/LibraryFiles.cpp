@@ -1,4 +1,4 @@
-#include "multircv/LibraryFiles.h"
+#include "typelibrary/store/LibraryFiles.h"
 
 #include "typelibrary/store/TypeFileAttributes.h"
 
