@@ -125,10 +125,10 @@ bool progress(TourStage& stage)
 {
     const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(stage.area()->getHandler());
     const QString text = QCoreApplication::translate("CProductTreeView", "Importing...");
-    QObject* const progress = handler->showProgress(text, 10'000, QEasingCurve::InQuart);
+    QObject* const progress = handler->showProgress(text, 10000, QEasingCurve::InQuart);
     auto* const run = progress->findChild<QVariantAnimation*>(QStringLiteral("Run"));
     run->pause();
-    run->setCurrentTime(9'000);
+    run->setCurrentTime(9000);
     const bool shot = stage.shoot();
     handler->endProgress(progress);
     const QPointer<QObject> running(progress);
