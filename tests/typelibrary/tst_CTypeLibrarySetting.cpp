@@ -196,6 +196,9 @@ void tst_CTypeLibrarySetting::clearAllFollowsTheFolder()
     // By name, as the settings area does it.
     QVERIFY(QMetaObject::invokeMethod(shown.page.get(), "setData", Q_ARG(QString, shown.library.root())));
     QTRY_VERIFY(button->isEnabled());
+    // The folder disappears.
+    QVERIFY(QDir(shown.library.root()).removeRecursively());
+    QTRY_VERIFY(!button->isEnabled());
 }
 
 void tst_CTypeLibrarySetting::clearAllAsks()
