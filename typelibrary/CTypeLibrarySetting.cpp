@@ -1,16 +1,15 @@
 #include "typelibrary/CTypeLibrarySetting.h"
 
-#include "multircv/CMultiRcvCabinetSetDlg.h"
 #include "typelibrary/CProductTreeModel.h"
 #include "typelibrary/CProductTreeView.h"
+#include "typelibrary/ChangeOperations.h"
+#include "typelibrary/OperationDialogs.h"
 #include "typelibrary/store/CTypeLibrary.h"
 
-#include <widgetry/CMessageBox.h>
 #include <widgetry/CSeparator.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -179,19 +178,13 @@ void CTypeLibrarySetting::createMultiRcvCabinet()
     const QString folder =
         target.isValid() ? target.data(CProductTreeModel::PathRole).toString() : CTypeLibrary::instance().rootPath();
 
-    // On the heap: the host may destroy the page while the wizard is open. That ends the wizard without a type.
-    const QPointer<CMultiRcvCabinetSetDlg> wizard = new CMultiRcvCabinetSetDlg(folder, {}, this);
-    if (wizard->exec() == QDialog::Accepted)
+    if (runCabinetWizard(this, folder))
         m_pView->expand(target);
-    delete wizard;
 }
 
 void CTypeLibrarySetting::clearAll()
 {
-    const int answer =
-        CMessageBox::question(this, tr("Are you sure you want to delete all types?"), QStringLiteral("Orvel"),
-                              CMessageBox::Yes | CMessageBox::No, CMessageBox::Yes);
-    if (answer == CMessageBox::YesResult)
+    if (ask(this, tr("Are you sure you want to delete all types?")))
         m_pView->clear();
 }
 
