@@ -124,8 +124,9 @@ bool quitQuestion(TourStage& stage)
 bool progress(TourStage& stage)
 {
     const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(stage.area()->getHandler());
-    const QString text = QCoreApplication::translate("CProductTreeView", "Importing...");
-    QObject* const progress = handler->showProgress(text, 10000, QEasingCurve::InQuart);
+    const char* const text = "Importing..."; // the plug-in's, and in its catalogue
+    QObject* const progress =
+        handler->showProgress(QCoreApplication::translate("CProductTreeView", text), 10000, QEasingCurve::InQuart);
     auto* const run = progress->findChild<QVariantAnimation*>(QStringLiteral("Run"));
     run->pause();
     run->setCurrentTime(9000);
