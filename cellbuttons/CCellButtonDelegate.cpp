@@ -40,6 +40,15 @@ CCellButtonDelegate::CCellButtonDelegate(const QVector<QIcon>& icons, QAbstractI
     m_pViewport->setAttribute(Qt::WA_Hover);
 }
 
+QIcon CCellButtonDelegate::operationIcon(const QString& operation)
+{
+    const QString file = QStringLiteral(":/Image/OperateButton/%1_%2.svg");
+    QIcon icon(file.arg(operation, QStringLiteral("normal")));
+    icon.addFile(file.arg(operation, QStringLiteral("hover")), {}, QIcon::Active);
+    icon.addFile(file.arg(operation, QStringLiteral("pressed")), {}, QIcon::Active, QIcon::On);
+    return icon;
+}
+
 void CCellButtonDelegate::setEnabled(bool enabled)
 {
     m_bEnabled = enabled;

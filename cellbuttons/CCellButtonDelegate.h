@@ -39,6 +39,9 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
+    // The icon made of the pictures "normal", "hover" and "pressed" of an operation, for instance "edit".
+    static QIcon operationIcon(const QString& operation);
+
     virtual QString toolTip(int button) const = 0; // in the current language
     // A button was clicked. Whatever this leads to may destroy the view.
     virtual void clicked(const QModelIndex& index, int button) = 0;

@@ -17,19 +17,10 @@ constexpr int nameColumnWidth = 511;
 constexpr int resolutionColumnWidth = 200;
 constexpr int operateColumnWidth = 287;
 
-QIcon buttonIcon(const QString& name)
-{
-    const QString file = QStringLiteral(":/Image/OperateButton/%1_%2.svg");
-    QIcon icon(file.arg(name, QStringLiteral("normal")));
-    icon.addFile(file.arg(name, QStringLiteral("hover")), {}, QIcon::Active);
-    icon.addFile(file.arg(name, QStringLiteral("pressed")), {}, QIcon::Active, QIcon::On);
-    return icon;
-}
-
 } // namespace
 
 CProductTreeDelegate::CProductTreeDelegate(QAbstractItemView* view)
-    : CCellButtonDelegate({buttonIcon(QStringLiteral("edit")), buttonIcon(QStringLiteral("delete"))}, view)
+    : CCellButtonDelegate({operationIcon(QStringLiteral("edit")), operationIcon(QStringLiteral("delete"))}, view)
 {
 }
 
