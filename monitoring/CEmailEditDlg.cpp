@@ -19,6 +19,9 @@ namespace {
 // In pixels.
 constexpr QSize dialogSize(341, 154);
 constexpr QSize editSize(238, 24);
+constexpr int margin = 8; // narrow, because the edits leave the labels little room
+constexpr int labelSpacing = 6;
+constexpr int rowSpacing = 8;
 
 constexpr int longestText = 64;
 constexpr int newRecipient = -1;
@@ -63,16 +66,18 @@ void CEmailEditDlg::createWidgets()
 
 void CEmailEditDlg::layoutWidgets()
 {
+    this->layout()->setContentsMargins(margin, margin, margin, margin);
     auto* const layout = new QGridLayout(contentWidget());
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
+    layout->setHorizontalSpacing(labelSpacing);
+    layout->setVerticalSpacing(rowSpacing);
     layout->addWidget(m_pNameLabel, 0, 0);
     layout->addWidget(m_pName, 0, 1, Qt::AlignRight);
     layout->addWidget(m_pAddressLabel, 1, 0);
     layout->addWidget(m_pAddress, 1, 1, Qt::AlignRight);
     layout->setRowStretch(2, 1); // the warning's bubble lies there
     for (QLabel* const label : {m_pNameLabel, m_pAddressLabel})
-        label->setWordWrap(true); // the edits leave the labels no more width where letters are large
+        label->setWordWrap(true); // where letters are large
 }
 
 void CEmailEditDlg::connectSignals()

@@ -36,6 +36,7 @@ constexpr QSize spinBoxSize(56, 24);
 constexpr int tallCheckBox = 24; // as high as the spin boxes beside it
 constexpr int indent = 16;
 constexpr int groupSpacing = 12;
+constexpr int sectionSpacing = 8;
 constexpr int rowSpacing = 8;
 constexpr int listSpacing = 4;
 constexpr int voltageSpacing = 35; // between check box and limits
@@ -186,6 +187,7 @@ void CMonitoringSettings::layOutReceiver()
         voltages->addLayout(voltageRow(range));
 
     auto* const sections = new QVBoxLayout;
+    sections->setSpacing(sectionSpacing);
     const auto addSection = [&](int heading, QLayout* content) {
         if (sections->count() > 0)
             sections->addWidget(new CSeparator(0, QFrame::HLine, m_pReceiver));

@@ -2,6 +2,317 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CButtonItemDelegate</name>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
+    <name>CEmailEditDlg</name>
+    <message>
+        <source>The email address is invalid, Please re-enter it.</source>
+        <translation>邮箱地址无效，请重新输入。</translation>
+    </message>
+    <message>
+        <source>Duplicate email addresses exist.</source>
+        <translation>邮箱地址重复。</translation>
+    </message>
+    <message>
+        <source>Email format is incorrect, please re-enter.</source>
+        <translation>邮箱格式不正确，请重新输入。</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Modify</source>
+        <translation>修改</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Email address</source>
+        <translation>邮箱地址</translation>
+    </message>
+</context>
+<context>
+    <name>CEmailTableWidget</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Email address</source>
+        <translation>邮箱地址</translation>
+    </message>
+</context>
+<context>
+    <name>CEmailWidget</name>
+    <message>
+        <source>Email notification</source>
+        <translation>邮件通知</translation>
+    </message>
+    <message>
+        <source>Recovery notice</source>
+        <translation>恢复通知</translation>
+    </message>
+    <message>
+        <source>SSL encryption</source>
+        <translation>SSL 加密</translation>
+    </message>
+    <message>
+        <source>Send mail if</source>
+        <translation>连续检测到</translation>
+    </message>
+    <message>
+        <source>alerts have been continuously detected</source>
+        <translation>次告警时发送邮件</translation>
+    </message>
+    <message>
+        <source>Sender email settings</source>
+        <translation>发件邮箱设置</translation>
+    </message>
+    <message>
+        <source>Email address</source>
+        <translation>邮箱地址</translation>
+    </message>
+    <message>
+        <source>Email password</source>
+        <translation>邮箱密码</translation>
+    </message>
+    <message>
+        <source>SMTP server</source>
+        <translation>SMTP 服务器</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>端口</translation>
+    </message>
+    <message>
+        <source>Send test email</source>
+        <translation>发送测试邮件</translation>
+    </message>
+    <message>
+        <source>Email format is incorrect, please re-enter.</source>
+        <translation>邮箱格式不正确，请重新输入。</translation>
+    </message>
+    <message>
+        <source>The SSL port number of the mailbox is invalid.</source>
+        <translation>邮箱的 SSL 端口号无效。</translation>
+    </message>
+    <message>
+        <source>This is a test email from Orvel.</source>
+        <translation>这是一封来自 Orvel 的测试邮件。</translation>
+    </message>
+    <message>
+        <source>The email was sent successful.</source>
+        <translation>邮件发送成功。</translation>
+    </message>
+    <message>
+        <source>Failed to send the email.</source>
+        <translation>邮件发送失败。</translation>
+    </message>
+    <message>
+        <source>Receiving address:</source>
+        <translation>收件地址：</translation>
+    </message>
+    <message>
+        <source>, failed to send the email.</source>
+        <translation>，邮件发送失败。</translation>
+    </message>
+</context>
+<context>
+    <name>CMonitoringSettings</name>
+    <message>
+        <source>General settings</source>
+        <translation>常规设置</translation>
+    </message>
+    <message>
+        <source>Processor settings</source>
+        <translation>处理器设置</translation>
+    </message>
+    <message>
+        <source>Receiver settings</source>
+        <translation>接收卡设置</translation>
+    </message>
+    <message>
+        <source>Email settings</source>
+        <translation>邮件设置</translation>
+    </message>
+    <message>
+        <source>%1, lower limit</source>
+        <translation>%1，下限</translation>
+    </message>
+    <message>
+        <source>%1, upper limit</source>
+        <translation>%1，上限</translation>
+    </message>
+    <message>
+        <source>Video input monitoring</source>
+        <translation>视频输入监控</translation>
+    </message>
+    <message>
+        <source>Video input alert</source>
+        <translation>视频输入告警</translation>
+    </message>
+    <message>
+        <source>Freeze monitoring</source>
+        <translation>画面冻结监控</translation>
+    </message>
+    <message>
+        <source>Freeze alert</source>
+        <translation>画面冻结告警</translation>
+    </message>
+    <message>
+        <source>Blackout monitoring</source>
+        <translation>黑屏监控</translation>
+    </message>
+    <message>
+        <source>Blackout alert</source>
+        <translation>黑屏告警</translation>
+    </message>
+    <message>
+        <source>0 brightness monitoring</source>
+        <translation>0 亮度监控</translation>
+    </message>
+    <message>
+        <source>0 brightness alert</source>
+        <translation>0 亮度告警</translation>
+    </message>
+    <message>
+        <source>Temperature monitoring</source>
+        <translation>温度监控</translation>
+    </message>
+    <message>
+        <source>Temperature over</source>
+        <translation>温度超过</translation>
+    </message>
+    <message>
+        <source>Humidity monitoring</source>
+        <translation>湿度监控</translation>
+    </message>
+    <message>
+        <source>Humidity over</source>
+        <translation>湿度超过</translation>
+    </message>
+    <message>
+        <source>Cable error monitoring</source>
+        <translation>线缆误码监控</translation>
+    </message>
+    <message>
+        <source>Cable error alert</source>
+        <translation>线缆误码告警</translation>
+    </message>
+    <message>
+        <source>Fan monitoring</source>
+        <translation>风扇监控</translation>
+    </message>
+    <message>
+        <source>Fan status viewable</source>
+        <translation>可查看风扇状态</translation>
+    </message>
+    <message>
+        <source>PSU 1 monitoring</source>
+        <translation>电源 1 监控</translation>
+    </message>
+    <message>
+        <source>PSU 1 alert</source>
+        <translation>电源 1 告警</translation>
+    </message>
+    <message>
+        <source>PSU 2 monitoring</source>
+        <translation>电源 2 监控</translation>
+    </message>
+    <message>
+        <source>PSU 2 alert</source>
+        <translation>电源 2 告警</translation>
+    </message>
+    <message>
+        <source>PSU 3 monitoring</source>
+        <translation>电源 3 监控</translation>
+    </message>
+    <message>
+        <source>PSU 3 alert</source>
+        <translation>电源 3 告警</translation>
+    </message>
+    <message>
+        <source>PSU 4 monitoring</source>
+        <translation>电源 4 监控</translation>
+    </message>
+    <message>
+        <source>PSU 4 alert</source>
+        <translation>电源 4 告警</translation>
+    </message>
+    <message>
+        <source>Voltage 1 monitoring</source>
+        <translation>电压 1 监控</translation>
+    </message>
+    <message>
+        <source>Voltage 1 range</source>
+        <translation>电压 1 范围</translation>
+    </message>
+    <message>
+        <source>Voltage 2 monitoring</source>
+        <translation>电压 2 监控</translation>
+    </message>
+    <message>
+        <source>Voltage 2 range</source>
+        <translation>电压 2 范围</translation>
+    </message>
+    <message>
+        <source>Voltage 3 monitoring</source>
+        <translation>电压 3 监控</translation>
+    </message>
+    <message>
+        <source>Voltage 3 range</source>
+        <translation>电压 3 范围</translation>
+    </message>
+    <message>
+        <source>Receiver voltage monitoring</source>
+        <translation>接收卡电压监控</translation>
+    </message>
+    <message>
+        <source>Receiver voltage range</source>
+        <translation>接收卡电压范围</translation>
+    </message>
+    <message>
+        <source>Refresh interval</source>
+        <translation>刷新间隔</translation>
+    </message>
+    <message>
+        <source>(Interval range 10s~2h)</source>
+        <translation>(间隔范围 10s~2h)</translation>
+    </message>
+    <message>
+        <source>alert</source>
+        <translation>时告警</translation>
+    </message>
+    <message>
+        <source>Cable error</source>
+        <translation>线缆误码</translation>
+    </message>
+    <message>
+        <source>Receiver</source>
+        <translation>接收卡</translation>
+    </message>
+    <message>
+        <source>Power supply monitoring</source>
+        <translation>电源监控</translation>
+    </message>
+    <message>
+        <source>Voltage monitoring</source>
+        <translation>电压监控</translation>
+    </message>
+</context>
+<context>
     <name>CMultiRcvCabinetSetDlg</name>
     <message>
         <source>Please select a parameter file.</source>
@@ -353,6 +664,25 @@
     <message>
         <source>Health settings</source>
         <translation>健康监控</translation>
+    </message>
+</context>
+<context>
+    <name>CTargetMailboxes</name>
+    <message>
+        <source>Target mailboxes</source>
+        <translation>收件邮箱</translation>
+    </message>
+    <message>
+        <source>Add email</source>
+        <translation>添加邮箱</translation>
+    </message>
+    <message>
+        <source>Are you sure want to delete email?</source>
+        <translation>确定要删除该邮箱吗？</translation>
+    </message>
+    <message>
+        <source>Up and Down select a recipient, F2 edits it, Delete deletes it.</source>
+        <translation>按上下方向键选择收件人，按 F2 编辑，按 Delete 删除。</translation>
     </message>
 </context>
 <context>

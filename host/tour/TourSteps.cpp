@@ -1,6 +1,7 @@
 #include "host/tour/TourSteps.h"
 
 #include "host/CMainWindow.h"
+#include "host/tour/HealthSteps.h"
 #include "host/tour/LibraryTree.h"
 #include "host/tour/TourStage.h"
 #include "host/tour/WizardSteps.h"
@@ -24,7 +25,6 @@ enum Tab
 {
     PreferencesTab,
     TypeLibraryTab,
-    HealthSettingsTab,
 };
 
 std::function<bool(TourStage&)> page(Tab tab)
@@ -144,7 +144,6 @@ std::vector<TourStep> tourSteps()
         {"preferences", page(PreferencesTab)},
         {"type-library", typeLibrary},
         {"type-library-small-window", smallWindow},
-        {"health-settings", page(HealthSettingsTab)},
         {"file-menu", menu(CMainWindow::FileMenu)},
         {"view-menu", menu(CMainWindow::ViewMenu)},
         {"help-menu", menu(CMainWindow::HelpMenu)},
@@ -159,7 +158,7 @@ std::vector<TourStep> tourSteps()
         {"quit-question", quitQuestion},
         {"progress", progress},
     };
-    for (const auto& more : {wizardSteps()})
+    for (const auto& more : {healthSteps(), wizardSteps()})
         steps.insert(steps.end(), more.begin(), more.end());
     return steps;
 }
