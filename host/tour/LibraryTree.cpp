@@ -43,6 +43,13 @@ QModelIndex find(const QTreeView* tree, const QString& path, const QModelIndex& 
     return {};
 }
 
+// The entry with the path in the library.
+QModelIndex find(const TourStage& stage, const QString& entry)
+{
+    const QTreeView* const tree = LibraryTree::of(stage);
+    return find(tree, stage.path(QStringLiteral("type-library/") + entry), tree->rootIndex());
+}
+
 } // namespace
 
 QTreeView* LibraryTree::of(const TourStage& stage)
@@ -59,12 +66,15 @@ bool LibraryTree::expandAll(TourStage& stage)
 
 bool LibraryTree::select(TourStage& stage, const QString& entry)
 {
-    QTreeView* const tree = of(stage);
     QModelIndex index;
-    const QString path = stage.path(QStringLiteral("type-library/") + entry);
-    const auto isThere = [&] { return (index = find(tree, path, tree->rootIndex())).isValid(); };
+    const auto isThere = [&] { return (index = find(stage, entry)).isValid(); };
     if (!entry.isEmpty() && !stage.waitFor(isThere, entry))
         return false;
-    tree->setCurrentIndex(index);
+    of(stage)->setCurrentIndex(index);
     return true;
+}
+
+bool LibraryTree::waitUntilGone(TourStage& stage, const QString& entry)
+{
+    return stage.waitFor([&] { return !find(stage, entry).isValid(); }, QStringLiteral("the end of ") + entry);
 }

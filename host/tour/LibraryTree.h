@@ -19,4 +19,7 @@ bool expandAll(TourStage& stage);
 // the reason at the stage, when the entry does not come.
 bool select(TourStage& stage, const QString& entry);
 
+// Waits until the tree no longer has the entry.
+bool waitUntilGone(TourStage& stage, const QString& entry);
+
 } // namespace LibraryTree

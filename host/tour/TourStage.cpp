@@ -74,21 +74,36 @@ bool TourStage::inDialogs(const std::function<void()>& open, const std::vector<A
             return;
         watch.stop(); // the act may run the event loop
         answered = top;
-        done = done && (next >= acts.size() || acts[next](top));
-        if (++next >= acts.size() || !done) {
-            if (top)
-                top->close();
-        }
+        const bool isExpected = done && next < acts.size();
+        if (isExpected)
+            done = acts[next++](top);
+        if (top && (!isExpected || !done))
+            top->close();
         watch.start(pollIntervalMs);
     });
     watch.start(pollIntervalMs);
     open();
-    return done && (next >= acts.size() || fail(QStringLiteral("the dialog did not appear")));
+    const auto isOver = [&] {
+        const bool isOpen = QApplication::activePopupWidget() || QApplication::activeModalWidget();
+        return !isOpen && (!done || next == acts.size());
+    };
+    return waitFor(isOver, QStringLiteral("a dialog or its end")) && done;
 }
 
-bool TourStage::shootDialog(const std::function<void()>& open)
+TourStage::Act TourStage::picture()
 {
-    return inDialog(open, [this](QWidget*) { return shoot(); });
+    return closing([this](QWidget*) { return shoot(); });
+}
+
+TourStage::Act TourStage::closing(const Act& act)
+{
+    return [act](QWidget* dialog) {
+        const QPointer<QWidget> guard(dialog);
+        const bool done = act(dialog);
+        if (guard)
+            guard->close();
+        return done;
+    };
 }
 
 bool TourStage::shoot()

@@ -38,17 +38,23 @@ public:
     // Runs the event loop until the condition holds. `what` names it in the error when it does not come true.
     bool waitFor(const std::function<bool()>& condition, const QString& what);
 
-    // Calls `open`, which shows modal dialogs or menus, one after the other, and returns when they are closed. Each act
-    // runs with the one whose turn it is, once that is there, and must answer it. The last may leave that to the stage,
-    // which closes what is still open then.
+    // What is done with an open dialog or menu.
     using Act = std::function<bool(QWidget*)>;
-    bool inDialogs(const std::function<void()>& open, const std::vector<Act>& acts);
-    bool inDialog(const std::function<void()>& open, const Act& act) { return inDialogs(open, {act}); }
 
-    // Opens something modal, takes a picture of it and closes it.
-    bool shootDialog(const std::function<void()>& open);
+    // Calls `open`, which shows modal dialogs or menus, one after the other, at once or from the event loop, and waits
+    // until they are closed. Each act runs with the one whose turn it is, once that is there, and answers it. What
+    // comes after the last act, or after one that failed, is closed.
+    bool inDialogs(const std::function<void()>& open, const std::vector<Act>& acts);
+
+    // The same with one act that leaves the dialog to be closed afterwards.
+    bool inDialog(const std::function<void()>& open, const Act& act) { return inDialogs(open, {closing(act)}); }
+
+    // Takes a picture of what is open and closes it.
+    Act picture();
+    bool shootDialog(const std::function<void()>& open) { return inDialogs(open, {picture()}); }
 
 private:
+    static Act closing(const Act& act);
     void draw(QPainter& painter, QWidget* over) const;
 
     CHost& m_host;

@@ -2,22 +2,19 @@
 
 #include "host/CMainWindow.h"
 #include "host/tour/HealthSteps.h"
+#include "host/tour/LibrarySteps.h"
 #include "host/tour/LibraryTree.h"
 #include "host/tour/TourStage.h"
 #include "host/tour/WizardSteps.h"
 #include "plugin/interface/ISettingInterface.h"
-#include "plugin/interface/ISettingInterfaceHandler.h"
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QEasingCurve>
 #include <QFileDialog>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPointer>
 #include <QPushButton>
-#include <QVariantAnimation>
 
 namespace {
 
@@ -116,24 +113,8 @@ bool quitQuestion(TourStage& stage)
         question->findChild<QPushButton*>(QStringLiteral("NoButton"))->click();
         return true;
     };
-    const bool shot =
-        stage.inDialogs([&] { stage.window()->close(); }, {dropChanges, [&](QWidget*) { return stage.shoot(); }});
+    const bool shot = stage.inDialogs([&] { stage.window()->close(); }, {dropChanges, stage.picture()});
     return file.remove() && shot;
-}
-
-bool progress(TourStage& stage)
-{
-    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(stage.area()->getHandler());
-    const char* const text = "Importing..."; // the plug-in's, and in its catalogue
-    QObject* const progress =
-        handler->showProgress(QCoreApplication::translate("CProductTreeView", text), 10000, QEasingCurve::InQuart);
-    auto* const run = progress->findChild<QVariantAnimation*>(QStringLiteral("Run"));
-    run->pause();
-    run->setCurrentTime(9000);
-    const bool shot = stage.shoot();
-    handler->endProgress(progress);
-    const QPointer<QObject> running(progress);
-    return shot && stage.waitFor([&] { return !running; }, QStringLiteral("the end of the progress"));
 }
 
 } // namespace
@@ -156,9 +137,8 @@ std::vector<TourStep> tourSteps()
         {"layout-menu", menu(CMainWindow::LayoutMenu)},
         {"save-project-question", dialogOf(CMainWindow::NewProject)},
         {"quit-question", quitQuestion},
-        {"progress", progress},
     };
-    for (const auto& more : {healthSteps(), wizardSteps()})
+    for (const auto& more : {healthSteps(), wizardSteps(), librarySteps()})
         steps.insert(steps.end(), more.begin(), more.end());
     return steps;
 }
