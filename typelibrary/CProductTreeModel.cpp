@@ -32,6 +32,14 @@ bool isUsableName(const QString& name)
            !name.contains(QLatin1Char('/')) && !name.contains(QChar::Null);
 }
 
+void informNameTaken(bool isGroup)
+{
+    CMessageBox::information(nullptr,
+                             isGroup ? CProductTreeModel::tr("There is already a type group with the same name.")
+                                     : CProductTreeModel::tr("There is already a type with the same name."),
+                             QStringLiteral("Orvel"), CMessageBox::Ok, CMessageBox::Ok);
+}
+
 } // namespace
 
 CProductTreeModel::CProductTreeModel(QObject* parent)
@@ -116,10 +124,9 @@ bool CProductTreeModel::setData(const QModelIndex& index, const QVariant& value,
         parentFolder.rename(newName, oldName);
         return isGroup ? renameFolder(index, newName) : QFileSystemModel::setData(index, newName, Qt::EditRole);
     }
-    CMessageBox::information(nullptr,
-                             isGroup ? tr("There is already a type group with the same name.")
-                                     : tr("There is already a type with the same name."),
-                             QStringLiteral("Orvel"), CMessageBox::Ok, CMessageBox::Ok);
+    // Later: an editor that writes its name into the model cannot be destroyed meanwhile, as it may be behind a box.
+    QMetaObject::invokeMethod(
+        this, [isGroup] { informNameTaken(isGroup); }, Qt::QueuedConnection);
     return false;
 }
 

@@ -41,7 +41,7 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
     // Renames the entry: `value` is the new base name of a file, whose suffix stays, or the new name of a folder.
-    // True when it now has that name. A name that is taken is answered with a message box.
+    // True when it now has that name. A name that is taken is answered with a message box, after this has returned.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
