@@ -117,7 +117,10 @@ private:
                 m_made[index] = New;
                 return true;
             }
-            if (errno != EEXIST)
+            // What a link leads to is not the target's.
+            struct stat status = {};
+            if (errno != EEXIST || ::lstat((m_target + folder.path).constData(), &status) != 0 ||
+                !S_ISDIR(status.st_mode))
                 return false;
         }
         m_made[index] = Existed;
@@ -143,7 +146,7 @@ bool Utils::RecursiveCopyDirectory(const QString& source, const QString& target,
     const SourceTree tree(canonicalPath(QFile::encodeName(source)), nameFilters);
     if (!tree.hasFiles())
         return tree.isComplete();
-    if (!QDir().mkpath(folder))
+    if ((!folderName.isEmpty() && QFileInfo(folder).isSymLink()) || !QDir().mkpath(folder))
         return false;
     const QByteArray canonicalTarget = canonicalPath(QFile::encodeName(folder));
 

@@ -23,7 +23,8 @@ UTILBASE_EXPORT SMD5 getFileMD5(const QString& path);
 //
 // A link to a file below `source` is copied as that file. Links to folders, links that lead out of `source` and
 // whatever is no regular file are left out: the copy never leaves the source, never loops and never waits. Copying a
-// folder into itself copies what was there before the call.
+// folder into itself copies what was there before the call. Where a link stands in the place of a sub-folder of the
+// target, nothing is copied, since that would end elsewhere.
 //
 // Returns true when every matching file was copied, false when the source is no readable folder or one file or folder
 // failed; the others are copied all the same.

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void readingFails();
     void targetNotWritable();
     void folderInTheWay();
+    void linkInTheWay();
     void fullDisk();
     void killedWhileWriting();
 
@@ -399,6 +400,23 @@ void tst_RecursiveCopyDirectory::folderInTheWay()
     QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), list("G a.rcvp b.rcvp"));
     QCOMPARE(readFile(target("G")), QByteArrayLiteral("file"));
+}
+
+void tst_RecursiveCopyDirectory::linkInTheWay()
+{
+    QVERIFY(writeFile(source("a.rcvp"), QByteArrayLiteral("a")));
+    QVERIFY(writeFile(source("G/b.rcvp"), QByteArrayLiteral("b")));
+    QVERIFY(writeFile(source("H/Sub/c.rcvp"), QByteArrayLiteral("c")));
+    const QString elsewhere = m_folder->filePath(QStringLiteral("elsewhere"));
+    QVERIFY(writeFile(elsewhere + QStringLiteral("/b.rcvp"), QByteArrayLiteral("kept")));
+    QVERIFY(QDir().mkpath(target()));
+    QVERIFY(makeLink(elsewhere, target("G")));
+    QVERIFY(makeLink(elsewhere, target("H")));
+    QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
+    QVERIFY(!Utils::RecursiveCopyDirectory(source("G"), target(), typeFiles(), QStringLiteral("H")));
+    QCOMPARE(readFile(target("a.rcvp")), QByteArrayLiteral("a"));
+    QCOMPARE(entriesBelow(elsewhere), list("b.rcvp"));
+    QCOMPARE(readFile(elsewhere + QStringLiteral("/b.rcvp")), QByteArrayLiteral("kept"));
 }
 
 void tst_RecursiveCopyDirectory::fullDisk()

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void groupOverTypesOfTheLibrary();
     void libraryIntoItself();
     void groupAroundTheLibrary();
+    void groupThroughALinkIntoTheLibrary();
 
 protected Q_SLOTS:
     void init();
@@ -207,6 +208,16 @@ void tst_LibraryExport::groupAroundTheLibrary()
     write(QStringLiteral("lib/K/lib/c.rcvp"), "another");
     QVERIFY(!exportFolder(root() + QStringLiteral("/K"), library->path(), root()).done);
     QCOMPARE(readFile(root() + QStringLiteral("/c.rcvp")), QByteArray("c"));
+}
+
+void tst_LibraryExport::groupThroughALinkIntoTheLibrary()
+{
+    const QString other = write(QStringLiteral("lib/H/b.rcvbp"), "another type");
+    QVERIFY(makeLink(root() + QStringLiteral("/H"), out(QStringLiteral("Sub"))));
+    QVERIFY(!exportFolder(root() + QStringLiteral("/G"), out({}), root()).done);
+    QVERIFY(!exportFolder(root() + QStringLiteral("/G/Sub"), out({}), root(), QStringLiteral("Sub")).done);
+    QCOMPARE(readFile(other), QByteArray("another type"));
+    QCOMPARE(readFile(out(QStringLiteral("a.rcvp"))), QByteArray("a"));
 }
 
 SETTINGAREA_TEST_MAIN(tst_LibraryExport, QCoreApplication)
