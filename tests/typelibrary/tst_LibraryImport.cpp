@@ -15,6 +15,7 @@ private Q_SLOTS:
     void folderOfNewTypes();
     void folderKeepsWhatTheLibraryLacks();
     void folderWithANameTwice();
+    void folderWithANameTwiceAndAKnownContent();
     void folderWithAContentTwice();
     void folderWithoutAnythingNew();
     void folderWithHiddenFiles();
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void files();
     void filesTheLibraryHas();
     void filesOfOneName();
+    void filesOfTheNameOfOneLeftOut();
     void filesChangedSinceTheLastImport();
     void filesThatAreNoTypes();
     void filesThatDifferInCaseOnly();
@@ -130,6 +132,19 @@ void tst_LibraryImport::folderWithANameTwice()
     QCOMPARE(import.known, QStringList({QStringLiteral("Cab")}));
     QCOMPARE(onDisk(), QStringList({QStringLiteral("New/"), QStringLiteral("New/B/"),
                                     QStringLiteral("New/B/cab.rcvp=3"), QStringLiteral("New/Cab.rcvp=1")}));
+}
+
+// Met is met, also on a file that does not stay.
+void tst_LibraryImport::folderWithANameTwiceAndAKnownContent()
+{
+    write(QStringLiteral("old.rcvp"), "old");
+    scan();
+    put(QStringLiteral("Cab.rcvp"), "old");
+    put(QStringLiteral("A/Cab.rcvbp"), "new");
+    const FolderImport import = importOutside();
+    QCOMPARE(import.added, 0);
+    QCOMPARE(import.known, QStringList({QStringLiteral("Cab"), QStringLiteral("Cab")}));
+    QCOMPARE(onDisk(), QStringList({QStringLiteral("old.rcvp=old")}));
 }
 
 void tst_LibraryImport::folderWithAContentTwice()
@@ -286,6 +301,18 @@ void tst_LibraryImport::filesOfOneName()
     QCOMPARE(onDisk(), QStringList({QStringLiteral("a.rcvp=1")}));
 }
 
+// The name of a file that was not copied is free.
+void tst_LibraryImport::filesOfTheNameOfOneLeftOut()
+{
+    write(QStringLiteral("old.rcvp"), "old");
+    scan();
+    const FilesImport import =
+        importFiles({put(QStringLiteral("a.rcvp"), "old"), put(QStringLiteral("a.rcvbp"), "new")}, library->path());
+    QCOMPARE(import.sameContent, QStringList({QStringLiteral("a")}));
+    QCOMPARE(import.sameName, QStringList());
+    QCOMPARE(onDisk(), QStringList({QStringLiteral("a.rcvbp=new"), QStringLiteral("old.rcvp=old")}));
+}
+
 void tst_LibraryImport::filesChangedSinceTheLastImport()
 {
     write(QStringLiteral("a.rcvp"), "a");
@@ -330,8 +357,13 @@ void tst_LibraryImport::filesOntoAFullDisk()
     scan();
     const QString large = put(QStringLiteral("large.rcvp"), QByteArray(100'000, 'x'));
     const QString small = put(QStringLiteral("small.rcvp"), "s");
+    const QString lastStraw = put(QStringLiteral("straw.rcvp"), QByteArray(100, 'x'));
     const DiskIsFull full(50'000);
     QVERIFY(importFiles({large, small}, library->path()).failed);
+    QCOMPARE(onDisk(), QStringList({QStringLiteral("small.rcvp=s")}));
+    // So small that it is written when the copy is closed only.
+    const DiskIsFull fuller(10);
+    QVERIFY(importFiles({lastStraw}, library->path()).failed);
     QCOMPARE(onDisk(), QStringList({QStringLiteral("small.rcvp=s")}));
 }
 

@@ -23,19 +23,21 @@ public:
         SameName,
     };
 
-    Verdict judge(const QFileInfo& file)
+    Verdict judge(const QFileInfo& file) const
     {
-        const QString name = file.completeBaseName();
-        const bool met = m_met.contains(name);
-        m_met.insert(name);
         if (!m_library.searchSameTypeOfFile(file.filePath()).isEmpty())
             return SameContent;
-        return met || !m_library.searchSameName(file.filePath()).isEmpty() ? SameName : New;
+        const bool isTaken =
+            m_met.contains(file.completeBaseName()) || !m_library.searchSameName(file.filePath()).isEmpty();
+        return isTaken ? SameName : New;
     }
+
+    // The library does not know the files of this import yet.
+    void meet(const QFileInfo& file) { m_met.insert(file.completeBaseName()); }
 
 private:
     const CTypeLibrary& m_library = CTypeLibrary::instance();
-    QSet<QString> m_met; // names so far: the library does not know the files of this import yet
+    QSet<QString> m_met; // names
 };
 
 // Deletes what the library holds already from the copy of a folder; true if something stays.
@@ -52,13 +54,17 @@ bool keepNew(const QString& folder, Newcomers& newcomers, FolderImport& import)
             entry.isDir() ? QDir(entry.filePath()).removeRecursively() : QFile::remove(entry.filePath());
         } else if (entry.isDir()) {
             stays |= keepNew(entry.filePath(), newcomers, import);
-        } else if (newcomers.judge(entry) == Newcomers::New) {
-            ++import.added;
-            stays = true;
         } else {
-            QFile::remove(entry.filePath());
-            removeFromCache(entry.filePath());
-            import.known.append(entry.completeBaseName());
+            const bool isNew = newcomers.judge(entry) == Newcomers::New;
+            newcomers.meet(entry);
+            if (isNew) {
+                ++import.added;
+                stays = true;
+            } else {
+                QFile::remove(entry.filePath());
+                removeFromCache(entry.filePath());
+                import.known.append(entry.completeBaseName());
+            }
         }
     }
     if (!stays) {
@@ -101,7 +107,9 @@ FilesImport importFiles(const QStringList& files, const QString& folder)
             import.sameContent.append(file.completeBaseName());
         else if (verdict == Newcomers::SameName)
             import.sameName.append(file.completeBaseName());
-        else if (!copyIntoLibrary(path, folder + QLatin1Char('/') + file.fileName()))
+        else if (copyIntoLibrary(path, folder + QLatin1Char('/') + file.fileName()))
+            newcomers.meet(file);
+        else
             import.failed = true;
     }
     return import;
