@@ -10,6 +10,7 @@
 #include "host/HostPaths.h"
 #include "host/Logging.h"
 #include "host/SampleLibrary.h"
+#include "host/mail/CMailer.h"
 #include "plugin/interface/ISettingInterface.h"
 
 #include <widgetry/CMessageBox.h>
@@ -31,12 +32,16 @@ constexpr int closeTimeoutMs = 10000;
 // After a dialog was closed the plug-in scans the library anew on a thread of its own: the time that may take to begin.
 constexpr int countDelayMs = 500;
 
+// How long the status bar says why a mail did not go out.
+constexpr int mailMessageMs = 60000;
+
 } // namespace
 
 CHost::CHost(const CommandLine& commandLine)
     : m_commandLine(commandLine),
       m_file(commandLine.settings.isEmpty() ? HostPaths::settingsFile() : commandLine.settings),
-      m_catalogues(HostPaths::translationsFolder())
+      m_catalogues(HostPaths::translationsFolder()),
+      m_pMailer(new CMailer({commandLine.smtpCa}, this))
 {
     m_saveTimer.setObjectName(QStringLiteral("SaveTimer"));
     m_saveTimer.setInterval(saveDelayMs);
@@ -54,6 +59,11 @@ CHost::CHost(const CommandLine& commandLine)
 }
 
 CHost::~CHost() = default;
+
+bool CHost::isBusy() const
+{
+    return m_pMailer->isBusy() || (m_pLoader && m_pLoader->isBusy());
+}
 
 bool CHost::start(SettingArea_InitFunction init, const QString& path)
 {
@@ -167,8 +177,29 @@ void CHost::installHandler()
         return progress->start(text, durationMs, curve);
     };
     services.endProgress = [progress](const QObject* run) { progress->end(run); };
+    services.sendEmail = [this](QList<int>& failedPositions, const SEmailSettings& settings, const QString& body) {
+        return sendEmail(failedPositions, settings, body);
+    };
     services.saveFailed = [this](const QString& text) { m_pWindow->warn(text); };
     m_pArea->setHandler(new CHostHandler(&m_project, m_pWindow.get(), services));
+}
+
+// The settings area tells its user which recipients failed; why is said here.
+bool CHost::sendEmail(QList<int>& failedPositions, const SEmailSettings& settings, const QString& body)
+{
+    CStatusBar* const status = m_pWindow->status();
+    status->showMessage(tr("Sending the mail..."));
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const MailResult result = m_pMailer->send(settings, body);
+    QApplication::restoreOverrideCursor();
+    failedPositions = result.failedPositions;
+    if (result.reason.isEmpty()) {
+        status->clearMessage();
+    } else {
+        qCWarning(logMail, "%ls", qUtf16Printable(result.reason));
+        status->showMessage(result.reason, mailMessageMs);
+    }
+    return result.sent;
 }
 
 // The folder to start with; empty when there is none and none could be made.

@@ -14,8 +14,10 @@
 
 class CLayoutCommands;
 class CLibraryLoader;
+class CMailer;
 class CMainWindow;
 class ISettingInterface;
+struct SEmailSettings;
 
 // The running host: brings the plug-in, the window, the settings file and the open project together.
 // The order at the start is that of the contract: SettingArea_Init, the handler, the settings, the window, and the
@@ -40,6 +42,9 @@ public:
     CLibraryLoader* loader() const { return m_pLoader; }
     Project* project() { return &m_project; }
 
+    // Whether a thread is at work that the end of the process must leave alone.
+    bool isBusy() const;
+
     // Takes the values from the pages and writes the settings file. Nothing happens while the library is being loaded:
     // the pages are only to be had together with a scan, which would wait for the one that is under way.
     // False with the reason in `error` when the file could not be written.
@@ -58,6 +63,7 @@ private:
     void openWindow();
     void connectWindow();
     void installHandler();
+    bool sendEmail(QList<int>& failedPositions, const SEmailSettings& settings, const QString& body);
     void saveUnlessBusy();
     QString firstLibrary();
     void chooseLibrary();
@@ -78,6 +84,7 @@ private:
     std::unique_ptr<CLayoutCommands> m_pLayoutCommands; // goes first: it watches what the window hides at its end
     ISettingInterface* m_pArea = nullptr;               // the plug-in's, valid until the process ends
     CLibraryLoader* m_pLoader = nullptr;
+    CMailer* m_pMailer;
     QTimer m_saveTimer{this};
     QTimer m_countTimer;
     QTimer m_closeTimer;

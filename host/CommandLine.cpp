@@ -30,6 +30,8 @@ Options:
   --library DIR      open this type library instead of the one in the settings
   --settings FILE    keep the settings in this file
   --language LOCALE  start in this language: en or zh_CN
+  --smtp-ca FILE     trust the authorities in this PEM file as well, when the
+                     mail server shows its certificate
   --tour DIR         save a picture of every page and dialog, in every language
                      and at scale 1 and 2, in this folder, and end
   -h, --help         show this text, and end
@@ -50,18 +52,19 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     const QCommandLineOption library = valueOption("library");
     const QCommandLineOption settings = valueOption("settings");
     const QCommandLineOption language = valueOption("language");
+    const QCommandLineOption smtpCa = valueOption("smtp-ca");
     const QCommandLineOption tour = valueOption("tour");
     const QCommandLineOption tourPass = valueOption("tour-pass"); // what a tour starts its passes with
     const QCommandLineOption showHelp(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption showVersion(QStringList{QStringLiteral("v"), QStringLiteral("version")});
 
     QCommandLineParser parser;
-    parser.addOptions({plugin, library, settings, language, tour, tourPass, showHelp, showVersion});
+    parser.addOptions({plugin, library, settings, language, smtpCa, tour, tourPass, showHelp, showVersion});
     if (!parser.parse(arguments))
         return refuse(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
         return refuse(QStringLiteral("Unexpected argument '%1'.").arg(parser.positionalArguments().constFirst()));
-    for (const QCommandLineOption& option : {plugin, library, settings, language, tour, tourPass}) {
+    for (const QCommandLineOption& option : {plugin, library, settings, language, smtpCa, tour, tourPass}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return refuse(QStringLiteral("Missing value after '--%1'.").arg(option.names().constFirst()));
     }
@@ -71,6 +74,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     result.library = absolute(parser.value(library));
     result.settings = absolute(parser.value(settings));
     result.language = parser.value(language);
+    result.smtpCa = absolute(parser.value(smtpCa));
     result.tour = absolute(parser.value(tour));
     result.tourPass = parser.value(tourPass);
     if (parser.isSet(language) && !Catalogues::speaks(QLocale(result.language)))

@@ -25,6 +25,7 @@ struct CommandLine
     QString library;  // absolute; empty: the one in the settings
     QString settings; // absolute; empty: in the user's configuration folder
     QString language; // name of a locale; empty: the one in the settings
+    QString smtpCa;   // absolute; empty: mail servers need a certificate that the system trusts
     QString tour;     // absolute folder for the pictures
     QString tourPass; // name of the pass
 };

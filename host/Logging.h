@@ -7,3 +7,4 @@ Q_DECLARE_LOGGING_CATEGORY(logHost)     // orvel.host: start, plug-in, end
 Q_DECLARE_LOGGING_CATEGORY(logSettings) // orvel.settings
 Q_DECLARE_LOGGING_CATEGORY(logLibrary)  // orvel.library: the worker that scans the type library
 Q_DECLARE_LOGGING_CATEGORY(logLanguage) // orvel.language
+Q_DECLARE_LOGGING_CATEGORY(logMail)     // orvel.mail: why a mail did not go out; never the password

@@ -1,5 +1,4 @@
 #include "host/CHost.h"
-#include "host/CLibraryLoader.h"
 #include "host/CMainWindow.h"
 #include "host/CTerminationSignals.h"
 #include "host/HostPaths.h"
@@ -28,8 +27,9 @@ int openWindow(const CommandLine& commandLine, const PluginLibrary& plugin)
     QObject::connect(&termination, &CTerminationSignals::notifyTerminate, host.window(), &QWidget::close);
     QObject::connect(&host, &CHost::notifyFinished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     const int result = QApplication::exec();
-    // The plug-in's call cannot be broken off and uses what the end of the program takes down. All is saved by now.
-    if (host.loader()->isBusy())
+    // What is still at work cannot be broken off at once and uses what the end of the program takes down: the plug-in's
+    // call, or a mail. All is saved by now.
+    if (host.isBusy())
         std::quick_exit(result);
     return result;
 }

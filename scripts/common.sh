@@ -14,8 +14,10 @@ packages_for()
 {
     for job; do
         case $job in
-        build) echo "g++ cmake ninja-build ccache qtbase5-dev libqt5svg5-dev qttools5-dev" ;;
-        run) echo "fonts-dejavu-core fonts-noto-cjk" ;;
+        build) echo "g++ cmake ninja-build ccache qtbase5-dev libqt5svg5-dev qttools5-dev" \
+            "libcurl4-openssl-dev qtkeychain-qt5-dev" ;;
+        run) echo "ca-certificates fonts-dejavu-core fonts-noto-cjk" ;;
+        test) echo "openssl python3-aiosmtpd" ;;
         lint) echo "clang clang-format-14 clang-tidy-14 clazy python3" ;;
         *) fail "no packages are known for the job $job" ;;
         esac

@@ -21,6 +21,10 @@ Quit anyway?</source>
         <source>The type library %1 was not loaded: %2</source>
         <translation>类型库 %1 未加载：%2</translation>
     </message>
+    <message>
+        <source>Sending the mail...</source>
+        <translation>正在发送邮件...</translation>
+    </message>
 </context>
 <context>
     <name>CHostHandler</name>
@@ -31,6 +35,25 @@ Quit anyway?</source>
     <message>
         <source>The type file %1 was not written: %2</source>
         <translation>箱体类型文件 %1 未写入：%2</translation>
+    </message>
+</context>
+<context>
+    <name>CMailer</name>
+    <message>
+        <source>Message from Orvel</source>
+        <translation>来自 Orvel 的邮件</translation>
+    </message>
+    <message>
+        <source>Another mail is being sent.</source>
+        <translation>正在发送另一封邮件。</translation>
+    </message>
+    <message>
+        <source>The mail server did not answer in time.</source>
+        <translation>邮件服务器未在规定时间内响应。</translation>
+    </message>
+    <message>
+        <source>The mail was given up, since the program ends.</source>
+        <translation>程序即将退出，已放弃发送邮件。</translation>
     </message>
 </context>
 <context>
@@ -422,6 +445,93 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     <message>
         <source>it is not a JSON object.</source>
         <translation>内容不是 JSON 对象。</translation>
+    </message>
+</context>
+<context>
+    <name>SmtpSender</name>
+    <message>
+        <source>The server refuses a recipient: %1</source>
+        <translation>服务器拒绝了某个收件人：%1</translation>
+    </message>
+    <message>
+        <source>The name of the mail server is not valid.</source>
+        <translation>邮件服务器名称无效。</translation>
+    </message>
+    <message>
+        <source>The mail server&apos;s port is not valid.</source>
+        <translation>邮件服务器端口无效。</translation>
+    </message>
+    <message>
+        <source>The sender&apos;s address is not valid.</source>
+        <translation>发件人地址无效。</translation>
+    </message>
+    <message>
+        <source>The password holds characters that cannot be sent.</source>
+        <translation>密码含有无法发送的字符。</translation>
+    </message>
+    <message>
+        <source>The subject holds a line break or another control character.</source>
+        <translation>主题含有换行符或其他控制字符。</translation>
+    </message>
+    <message>
+        <source>There is no recipient.</source>
+        <translation>没有收件人。</translation>
+    </message>
+    <message>
+        <source>A recipient&apos;s name holds a line break or another control character.</source>
+        <translation>某个收件人的名称含有换行符或其他控制字符。</translation>
+    </message>
+    <message>
+        <source>A recipient&apos;s address is not valid.</source>
+        <translation>某个收件人的地址无效。</translation>
+    </message>
+    <message>
+        <source>The mail server %1 is not known.</source>
+        <translation>找不到邮件服务器 %1。</translation>
+    </message>
+    <message>
+        <source>The mail server %1 cannot be reached at port %2.</source>
+        <translation>无法连接邮件服务器 %1 的端口 %2。</translation>
+    </message>
+    <message>
+        <source>The mail server did not answer in time.</source>
+        <translation>邮件服务器未在规定时间内响应。</translation>
+    </message>
+    <message>
+        <source>The mail was given up.</source>
+        <translation>已放弃发送邮件。</translation>
+    </message>
+    <message>
+        <source>The mail server offers no encryption at port %1.</source>
+        <translation>邮件服务器在端口 %1 上不支持加密。</translation>
+    </message>
+    <message>
+        <source>No encrypted connection comes about at port %1: %2</source>
+        <translation>无法在端口 %1 上建立加密连接：%2</translation>
+    </message>
+    <message>
+        <source>The mail server&apos;s certificate is not trusted: %1</source>
+        <translation>邮件服务器的证书不受信任：%1</translation>
+    </message>
+    <message>
+        <source>The certificates to trust cannot be read: %1</source>
+        <translation>无法读取要信任的证书：%1</translation>
+    </message>
+    <message>
+        <source>The mail server refuses the address and password.</source>
+        <translation>邮件服务器不接受该邮箱地址和密码。</translation>
+    </message>
+    <message>
+        <source>The mail server offers no login, so nothing was sent.</source>
+        <translation>邮件服务器不支持登录，因此未发送任何内容。</translation>
+    </message>
+    <message>
+        <source>The connection to the mail server broke: %1</source>
+        <translation>与邮件服务器的连接中断：%1</translation>
+    </message>
+    <message>
+        <source>The mail server refuses the mail: %1</source>
+        <translation>邮件服务器拒收该邮件：%1</translation>
     </message>
 </context>
 <context>

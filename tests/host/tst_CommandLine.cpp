@@ -34,7 +34,8 @@ void tst_CommandLine::nothingOpensTheWindow()
 {
     const CommandLine line = parse({});
     QCOMPARE(line.action, CommandLine::Action::Open);
-    QCOMPARE(line.plugin + line.library + line.settings + line.language + line.tour + line.tourPass, QString());
+    QCOMPARE(line.plugin + line.library + line.settings + line.language + line.smtpCa + line.tour + line.tourPass,
+             QString());
 }
 
 void tst_CommandLine::everyOptionIsTaken()
@@ -45,6 +46,7 @@ void tst_CommandLine::everyOptionIsTaken()
     QCOMPARE(line.library, QStringLiteral("/types"));
     QCOMPARE(line.settings, QDir::current().absoluteFilePath(QStringLiteral("s.json")));
     QCOMPARE(line.language, QStringLiteral("zh_CN"));
+    QCOMPARE(parse(words("--smtp-ca own.pem")).smtpCa, QDir::current().absoluteFilePath(QStringLiteral("own.pem")));
 
     const CommandLine tour = parse(words("--tour pictures"));
     QCOMPARE(tour.action, CommandLine::Action::Tour);
@@ -85,6 +87,7 @@ void tst_CommandLine::nonsenseIsRefused_data()
     row("--help --bogus", "Unknown option 'bogus'.");
     row("stage.prj", "Unexpected argument 'stage.prj'.");
     row("--plugin", "Missing value after '--plugin'.");
+    row("--smtp-ca", "Missing value after '--smtp-ca'.");
     row("--tour=", "Missing value after '--tour'.");
     row("--language fr", "Unknown language 'fr': use en or zh_CN.");
     row("--language nonsense", "Unknown language 'nonsense': use en or zh_CN.");
