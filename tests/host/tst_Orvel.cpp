@@ -45,7 +45,7 @@ private:
 
 namespace {
 
-constexpr int timeoutMs = 120'000;
+constexpr int timeoutMs = 600'000; // the tour takes hundreds of pictures, under a sanitizer too
 
 QString program()
 {
