@@ -417,9 +417,17 @@ void tst_CProductTreeView::editableSwitchDuringAnOperation()
     QTRY_VERIFY(!editor());
     QCOMPARE(libraryContent(), QStringList({QStringLiteral("a.rcvp=a")}));
     view->setEditable(true);
-    const QPointer<QMenu> menu = openMenu(QStringLiteral("a.rcvp"));
+    QPointer<QMenu> menu = openMenu(QStringLiteral("a.rcvp"));
     view->setEditable(false);
     QVERIFY(!menu->isVisible());
+    view->setEditable(true);
+    menu = openMenu(QStringLiteral("a.rcvp"));
+    menu->actions().at(4)->trigger(); // "Delete", which has not begun yet
+    view->setEditable(false);
+    ModalScript script;
+    QTRY_VERIFY(!menu);
+    QCOMPARE(script.seen(), QStringList());
+    QCOMPARE(libraryContent(), QStringList({QStringLiteral("a.rcvp=a")}));
 }
 
 SETTINGAREA_TEST_MAIN(tst_CProductTreeView, QApplication)

@@ -373,6 +373,12 @@ void tst_ImportOperations::filesOfAnUnscannedLibrary()
     script.choose(put(QStringLiteral("x.rcvp"), "late")).press(CDialog::Ok);
     choose(QStringLiteral("G"), QStringLiteral("Import cabinet type file(Suffix rcvbp)"));
     QCOMPARE(script.seen().mid(1), QStringList({information("Duplicated type files:(x).")}));
+
+    write(QStringLiteral("G/later.rcvp"), "later");
+    put(QStringLiteral("A/y.rcvp"), "later");
+    script.choose(outside->filePath(QStringLiteral("A"))).press(CDialog::Ok);
+    choose(QStringLiteral("G"), QStringLiteral("Import as folder"));
+    QCOMPARE(script.seen().mid(3), QStringList({information("All type files in the type group has been added.")}));
 }
 
 void tst_ImportOperations::filesIntoAVanishedLibrary()

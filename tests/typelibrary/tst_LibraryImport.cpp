@@ -22,6 +22,7 @@ private Q_SLOTS:
     void folderWithLinks();
     void folderFromTheLibrary();
     void folderThatIsThere();
+    void folderThatWasThere();
     void folderIntoNothing();
     void folderWithUnreadableFiles();
     void folderOntoAFullDisk();
@@ -223,6 +224,20 @@ void tst_LibraryImport::folderThatIsThere()
     QVERIFY(!import.copied);
     QCOMPARE(import.added, 0);
     QCOMPARE(onDisk(), QStringList({QStringLiteral("New/"), QStringLiteral("New/kept.rcvp=kept")}));
+}
+
+// What the cache still knows of the files of a folder that is gone says nothing of new ones.
+void tst_LibraryImport::folderThatWasThere()
+{
+    write(QStringLiteral("a.rcvp"), "a");
+    const QString gone = write(QStringLiteral("New/b.rcvp"), "a");
+    QVERIFY(!isEmpty(md5OfFile(gone)));
+    QVERIFY(QDir(pathOf(QStringLiteral("New"))).removeRecursively());
+    scan();
+    put(QStringLiteral("b.rcvp"), "b");
+    const FolderImport import = importOutside();
+    QCOMPARE(import.known, QStringList());
+    QCOMPARE(import.added, 1);
 }
 
 void tst_LibraryImport::folderIntoNothing()

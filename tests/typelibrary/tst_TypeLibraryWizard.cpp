@@ -1,4 +1,5 @@
 #include "multircv/CMultiRcvCabinetSetDlg.h"
+#include "tests/support/ModalScript.h"
 #include "tests/support/TestObject.h"
 #include "tests/typelibrary/LibraryPage.h"
 
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void newTypeGoesBesideTheCurrentType();
     void cancelledWizardLeavesTheGroupShut();
     void pageDestroyedMeanwhile();
+    void editsATypeInItsGroup();
 };
 
 void tst_TypeLibraryWizard::opensAndCloses()
@@ -135,6 +137,36 @@ void tst_TypeLibraryWizard::pageDestroyedMeanwhile()
     QTest::mouseClick(shown.button("MultiRcvCabinet"), Qt::LeftButton);
     QCOMPARE(shown.page.get(), nullptr);
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
+}
+
+void tst_TypeLibraryWizard::editsATypeInItsGroup()
+{
+    LibraryPage shown;
+    SHwRcvInCabinetInfo record;
+    record.columns = 2;
+    record.rows = 1;
+    record.wiringOrder = {0, 1};
+    shown.library.addMulti(QStringLiteral("G/Cab.rcvbp"), shown.library.path(QStringLiteral("Card.rcvp")), record);
+    QTRY_VERIFY(shown.findInGroup(QStringLiteral("Cab")).isValid());
+    shown.view()->setCurrentIndex(shown.findInGroup(QStringLiteral("Cab")));
+    QString name;
+    ModalScript script;
+    script.use([&name](QWidget* dialog) {
+        const auto* const wizard = qobject_cast<CMultiRcvCabinetSetDlg*>(dialog);
+        QVERIFY(wizard);
+        wizard->button(CDialog::Next)->click();
+        wizard->button(CDialog::Next)->click();
+        auto* const edit = wizard->findChild<QLineEdit*>(QStringLiteral("MultiRcvCabinet"));
+        name = edit->text();
+        edit->setText(QStringLiteral("Cabinet"));
+        wizard->button(CDialog::Next)->click();
+    });
+    script.press(CDialog::Yes);
+    shown.view()->editMultiRcvType();
+    QCOMPARE(name, QStringLiteral("Cab"));
+    QCOMPARE(shown.library.files(),
+             QStringList({QStringLiteral("Card.rcvp=card"), QStringLiteral("G/Cabinet.rcvbp=multi card"),
+                          QStringLiteral("G/Other.rcvp=other")}));
 }
 
 SETTINGAREA_TEST_MAIN(tst_TypeLibraryWizard, QApplication)
