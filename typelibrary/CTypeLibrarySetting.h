@@ -14,11 +14,12 @@ class CTypeLibrarySetting : public QWidget
 public:
     explicit CTypeLibrarySetting(QWidget* parent = nullptr);
 
-    // Shows the library folder; called by name from the thread that has scanned it.
-    Q_INVOKABLE void setData(const QString& rootPath);
-
     // Allows or forbids changes of the library.
     void setEditable(bool editable);
+
+public Q_SLOTS:
+    // Shows the library folder; called by name from the thread that has scanned it.
+    void setData(const QString& rootPath);
 
 protected:
     void changeEvent(QEvent* event) override;
