@@ -15,8 +15,9 @@ constexpr QSize tableSize(402, 173);
 constexpr int columnWidths[CEmailTableWidget::ColumnCount] = {135, 131, 116};
 constexpr int rowSize = 28;
 
-// Texts up to this length are short enough for one line.
+// Characters that a tooltip shows in one line, and that are shown at all: those of a damaged record would take seconds.
 constexpr int longestLine = 64;
+constexpr int longestText = 1000;
 
 // The text as a tooltip that shows it as it stands.
 QString toolTipOf(const QString& text)
@@ -26,8 +27,9 @@ QString toolTipOf(const QString& text)
 
 QTableWidgetItem* itemWith(const QString& text)
 {
-    auto* const item = new QTableWidgetItem(text);
-    item->setToolTip(toolTipOf(text));
+    const QString shown = text.left(longestText);
+    auto* const item = new QTableWidgetItem(shown);
+    item->setToolTip(toolTipOf(shown));
     return item;
 }
 

@@ -6,17 +6,14 @@
 
 namespace {
 
-// When QLineEdit would say so. A menu or another window leaves the user in the middle of editing.
+// A menu leaves the user in the middle of editing.
 bool endsEditing(QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         return key == Qt::Key_Return || key == Qt::Key_Enter;
     }
-    if (event->type() != QEvent::FocusOut)
-        return false;
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+    return event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
 }
 
 class Watcher : public QObject

@@ -4,6 +4,6 @@
 
 class QLineEdit;
 
-// Calls `handler` whenever Return is pressed in the edit or the focus leaves it, whatever the text: Qt keeps
-// QLineEdit::editingFinished() back for one that the edit's validator does not accept. [GUI thread]
+// Calls `handler` when the user has finished editing, by Return or by leaving the edit. Other than
+// QLineEdit::editingFinished() that holds for a text too that the edit's validator does not accept. [GUI thread]
 void onEditingFinished(QLineEdit* edit, std::function<void()> handler);

@@ -8,66 +8,71 @@ namespace {
 
 constexpr int longestPort = 8;
 
-bool isBetween(QChar first, QChar character, QChar last)
+bool isBetween(char16_t first, char16_t character, char16_t last)
 {
     return first <= character && character <= last;
 }
 
-bool isDigit(QChar character)
+bool isDigit(char16_t character)
 {
-    return isBetween(QLatin1Char('0'), character, QLatin1Char('9'));
+    return isBetween(u'0', character, u'9');
 }
 
-bool isLower(QChar character)
+bool isLower(char16_t character)
 {
-    return isBetween(QLatin1Char('a'), character, QLatin1Char('z'));
+    return isBetween(u'a', character, u'z');
 }
 
-bool isOfHost(QChar character)
+bool isOfHost(char16_t character)
 {
-    return isDigit(character) || isLower(character);
+    return isLower(character) || isDigit(character);
 }
 
-bool isOfMailbox(QChar character)
+bool isOfMailbox(char16_t character)
 {
-    return isOfHost(character) || isBetween(QLatin1Char('A'), character, QLatin1Char('Z')) ||
-           character == QLatin1Char('-') || character == QLatin1Char('_') || character == QLatin1Char('.');
+    return isOfHost(character) || isBetween(u'A', character, u'Z') || character == u'-' || character == u'_' ||
+           character == u'.';
 }
 
-// Whether the text is `shortest` to `longest` characters, all of them of one kind.
+// Takes as many characters of a kind off the front of the text as there are; how many these were.
 template<typename Kind>
-bool consistsOf(QStringView text, Kind isOfKind, qsizetype shortest, qsizetype longest)
+qsizetype takeAll(QStringView& text, Kind isOfKind)
 {
-    return text.size() >= shortest && text.size() <= longest && std::all_of(text.begin(), text.end(), isOfKind);
+    const auto* const end = std::find_if_not(text.utf16(), text.utf16() + text.size(), isOfKind);
+    const qsizetype count = end - text.utf16();
+    text = text.mid(count);
+    return count;
 }
 
-// Takes the text up to the first separator off its front: all of it where there is none.
-QStringView takeFirst(QStringView& text, QChar separator)
+bool take(QStringView& text, QChar character)
 {
-    const auto* const end = std::find(text.begin(), text.end(), separator);
-    const qsizetype length = end - text.begin();
-    const QStringView first = text.left(length);
-    text = text.mid(std::min(length + 1, text.size()));
-    return first;
+    const bool isThere = text.startsWith(character);
+    if (isThere)
+        text = text.mid(1);
+    return isThere;
 }
 
 } // namespace
 
-// By hand, because a standard regular expression recurses for every character and long texts overflow the stack.
+// By hand, because a standard regular expression recurses for every character and long texts overflow the stack. No
+// part of the pattern can begin with what may end the part before it, so the first way to read a text is the only one.
 bool isMailAddress(QStringView text)
 {
-    QStringView rest = text;
-    const QStringView mailbox = takeFirst(rest, QLatin1Char('@'));
-    const QStringView label = takeFirst(rest, QLatin1Char('.'));
-    const QStringView topLevel = takeFirst(rest, QLatin1Char('.'));
-    const bool endsThere = topLevel.end() == text.end();
-    return consistsOf(mailbox, isOfMailbox, 1, text.size()) && consistsOf(label, isOfHost, 1, text.size()) &&
-           consistsOf(topLevel, isLower, 2, 3) && (endsThere || consistsOf(rest, isLower, 2, 2));
+    if (takeAll(text, isOfMailbox) == 0 || !take(text, QLatin1Char('@')))
+        return false;
+    if (takeAll(text, isOfHost) == 0 || !take(text, QLatin1Char('.')))
+        return false;
+    const qsizetype topLevel = takeAll(text, isLower);
+    if (topLevel != 2 && topLevel != 3)
+        return false;
+    return text.isEmpty() || (take(text, QLatin1Char('.')) && takeAll(text, isLower) == 2 && text.isEmpty());
 }
 
 bool isMailPort(QStringView text)
 {
-    return consistsOf(text, isDigit, 1, longestPort) && text.front() != QLatin1Char('0');
+    const bool startsWell = !text.startsWith(QLatin1Char('0'));
+    const qsizetype digits = takeAll(text, isDigit);
+    return startsWell && digits >= 1 && digits <= longestPort && text.isEmpty();
 }
 
 QString mailCharacters()

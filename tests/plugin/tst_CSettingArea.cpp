@@ -1,11 +1,14 @@
 #include "monitoring/CMonitoringSettings.h"
 #include "plugin/SettingHandler.h"
 #include "preferences/CPreferencesSettings.h"
+#include "tests/monitoring/Controls.h"
 #include "tests/support/AreaFixture.h"
 #include "tests/support/FileFixture.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/UpperCase.h"
 #include "typelibrary/CTypeLibrarySetting.h"
+
+#include <widgetry/CSpinBox.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -173,10 +176,14 @@ void tst_CSettingArea::alwaysValid()
 
 void tst_CSettingArea::temperatureUnitReachesTheHealthSettings()
 {
-    // What is connected already cannot be connected once more.
-    QVERIFY(!connect(area().findChild<CPreferencesSettings*>(), &CPreferencesSettings::notifyFahrenheitClicked,
-                     area().findChild<CMonitoringSettings*>(), &CMonitoringSettings::FahrenheitClicked,
-                     Qt::UniqueConnection));
+    auto* const preferences = area().findChild<CPreferencesSettings*>();
+    const auto* const temperature = named<CSpinBox>(area(), "Temperature over");
+    QCOMPARE(temperature->text(), QString::fromUtf8("60°C"));
+    Q_EMIT preferences->notifyFahrenheitClicked(true);
+    QCOMPARE(temperature->text(), QString::fromUtf8("140°F"));
+    QCOMPARE(area().getSettings()->monitoring.nTemperature, 60);
+    Q_EMIT preferences->notifyFahrenheitClicked(false);
+    QCOMPARE(temperature->text(), QString::fromUtf8("60°C"));
 }
 
 void tst_CSettingArea::getSettingsRescansTheLibrary()

@@ -1,6 +1,13 @@
+#include "monitoring/CMonitoringSettings.h"
+#include "tests/monitoring/Controls.h"
 #include "tests/support/AreaFixture.h"
 
+#include <widgetry/CDoubleSpinBox.h>
+#include <widgetry/CSpinBox.h>
+
 #include <QApplication>
+#include <QCheckBox>
+#include <QTimeEdit>
 
 namespace {
 
@@ -154,6 +161,7 @@ class tst_SettingsRoundTrip : public AreaFixture
 
 private Q_SLOTS:
     void everyValueComesBack();
+    void whatTheUserChangesComesBack();
     void recordKeepsItsAddress();
     void recordKeepsWhatNoPageShows();
     void pushingTheRecordItself();
@@ -170,6 +178,51 @@ void tst_SettingsRoundTrip::everyValueComesBack()
     QCOMPARE(valuesOf(*area().getSettings()), pushed); // asked twice
     area().setSettings(SSettings());
     QCOMPARE(valuesOf(*area().getSettings()), defaults);
+}
+
+// From the defaults to the other values by the controls alone.
+void tst_SettingsRoundTrip::whatTheUserChangesComesBack()
+{
+    const SSettings other = otherSettings();
+    const SMonitorSettings& m = other.monitoring;
+    const SEmailSettings& e = other.email;
+    const auto& page = *area().findChild<CMonitoringSettings*>();
+    const auto boxes = page.findChildren<QCheckBox*>();
+    QCOMPARE(boxes.size(), 16 + 3);
+    for (QCheckBox* const box : boxes)
+        box->click();
+    page.findChild<QTimeEdit*>()->setTime(QTime(0, 0).addSecs(m.nRefreshInterval));
+    named<CSpinBox>(page, "Temperature over")->setValue(m.nTemperature);
+    named<CSpinBox>(page, "Humidity over")->setValue(m.nHumidity);
+    const auto setRange = [&page](const char* lowerName, double lower, const char* upperName, double upper) {
+        named<CDoubleSpinBox>(page, lowerName)->setValue(1);
+        named<CDoubleSpinBox>(page, upperName)->setValue(upper);
+        named<CDoubleSpinBox>(page, lowerName)->setValue(lower);
+    };
+    setRange("Voltage 1 range, lower limit", m.dVoltage1Min, "Voltage 1 range, upper limit", m.dVoltage1Max);
+    setRange("Voltage 2 range, lower limit", m.dVoltage2Min, "Voltage 2 range, upper limit", m.dVoltage2Max);
+    setRange("Voltage 3 range, lower limit", m.dVoltage3Min, "Voltage 3 range, upper limit", m.dVoltage3Max);
+    setRange("Receiver voltage range, lower limit", m.dRcvVoltageMin, "Receiver voltage range, upper limit",
+             m.dRcvVoltageMax);
+    named<CSpinBox>(page, "Send mail if \u2026 alerts have been continuously detected")->setValue(e.nAlertCount);
+    named<QLineEdit>(page, "Email address")->setText(e.strSenderAddress);
+    named<QLineEdit>(page, "Email password")->setText(e.strPassword);
+    named<QLineEdit>(page, "SMTP server")->setText(e.strSmtpServer);
+    named<QLineEdit>(page, "Port")->setText(QString::number(e.nPort));
+
+    SSettings expected;
+    expected.monitoring = m;
+    expected.email = e;
+    expected.email.lstRecipients.clear(); // which only dialogs change
+    const SMonitorSettings defaults;
+    expected.monitoring.bMonitorFlag1 = defaults.bMonitorFlag1; // what no control shows
+    expected.monitoring.bMonitorFlag2 = defaults.bMonitorFlag2;
+    expected.monitoring.bMonitorFlag3 = defaults.bMonitorFlag3;
+    expected.monitoring.bMonitorFlag4 = defaults.bMonitorFlag4;
+    expected.monitoring.bVoltage4 = defaults.bVoltage4;
+    expected.monitoring.dVoltage4Min = defaults.dVoltage4Min;
+    expected.monitoring.dVoltage4Max = defaults.dVoltage4Max;
+    QCOMPARE(valuesOf(*area().getSettings()), valuesOf(expected));
 }
 
 void tst_SettingsRoundTrip::recordKeepsItsAddress()

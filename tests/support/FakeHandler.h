@@ -33,6 +33,9 @@ public:
     // What writing a record into a type file does.
     std::function<void(const QString&, const SHwRcvInCabinetInfo&)> write = [](const QString&,
                                                                                const SHwRcvInCabinetInfo&) {};
+    // What sending a mail does.
+    std::function<bool(QList<int>&, const SEmailSettings&, const QString&)> send =
+        [](QList<int>&, const SEmailSettings&, const QString&) { return true; };
     std::function<void()> destroyed;
 
     // The calls so far, as "operation(argument)".
@@ -59,10 +62,10 @@ public:
     {
         record(QStringLiteral("notifyShortcutPanelVisible(%1)").arg(visible));
     }
-    bool SendEmail(QList<int>& /*failedPositions*/, const SEmailSettings& /*settings*/, const QString& body) override
+    bool SendEmail(QList<int>& failedPositions, const SEmailSettings& settings, const QString& body) override
     {
         record(QStringLiteral("SendEmail(%1)").arg(body));
-        return true;
+        return send(failedPositions, settings, body);
     }
     bool isProjectModified() override
     {
