@@ -40,13 +40,14 @@ SSettings settingsWith(bool on)
         e.strPassword = QStringLiteral("secret42");
         e.strSmtpServer = QStringLiteral("smtp.stage.com");
         const QString name = QString::fromUtf8("张伟");
-        e.lstRecipients = {{QStringLiteral("Ann"), QStringLiteral("ann@stage.com")},
-                           {name, QStringLiteral("zhang.wei@screenteam.com.cn")},
-                           {QStringLiteral("<b>Night shift</b>"), QStringLiteral("night_shift-control.room@venue.com.cn")},
-                           {{}, QStringLiteral("on-call@venue.com")},
-                           {QStringLiteral("Bob"), QStringLiteral("bob@stage.com")},
-                           {QStringLiteral("Carla"), QStringLiteral("carla@stage.com")},
-                           {QStringLiteral("Dan"), QStringLiteral("dan@stage.com")}};
+        e.lstRecipients = {
+            {QStringLiteral("Ann"), QStringLiteral("ann@stage.com")},
+            {name, QStringLiteral("zhang.wei@screenteam.com.cn")},
+            {QStringLiteral("<b>Night shift</b>"), QStringLiteral("night_shift-control.room@venue.com.cn")},
+            {{}, QStringLiteral("on-call@venue.com")},
+            {QStringLiteral("Bob"), QStringLiteral("bob@stage.com")},
+            {QStringLiteral("Carla"), QStringLiteral("carla@stage.com")},
+            {QStringLiteral("Dan"), QStringLiteral("dan@stage.com")}};
     }
     return settings;
 }
