@@ -62,6 +62,14 @@ QTime timeOf(int seconds)
     return QTime(0, 0).addSecs(std::clamp(seconds, shortestInterval, longestInterval));
 }
 
+CSpinBox* createThreshold(QWidget* group)
+{
+    auto* const box = new CSpinBox(group);
+    box->setRange(lowestThreshold, highestThreshold);
+    box->setFixedSize(spinBoxSize);
+    return box;
+}
+
 } // namespace
 
 CMonitoringSettings::CMonitoringSettings(QWidget* parent)
@@ -133,14 +141,6 @@ void CMonitoringSettings::createCheckBox(int item, QWidget* group)
 void CMonitoringSettings::createLabel(int label, QWidget* group)
 {
     m_labels[label] = new QLabel(group);
-}
-
-CSpinBox* CMonitoringSettings::createThreshold(QWidget* group)
-{
-    auto* const box = new CSpinBox(group);
-    box->setRange(lowestThreshold, highestThreshold);
-    box->setFixedSize(spinBoxSize);
-    return box;
 }
 
 void CMonitoringSettings::createVoltageRange(int range)

@@ -47,7 +47,6 @@ private:
     void createReceiverControls();
     void createCheckBox(int item, QWidget* group);
     void createLabel(int label, QWidget* group);
-    CSpinBox* createThreshold(QWidget* group);
     void createVoltageRange(int range);
 
     void layOut();

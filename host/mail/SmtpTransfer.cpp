@@ -33,7 +33,7 @@ struct SmtpTransfer::Callbacks
     {
         auto& self = *static_cast<SmtpTransfer*>(transfer);
         const QByteArray& content = self.m_order.content;
-        const auto room = static_cast<qsizetype>(size * count);
+        const auto room = static_cast<qsizetype>(size) * static_cast<qsizetype>(count);
         const qsizetype length = std::min<qsizetype>(room, content.size() - self.m_nRead);
         std::memcpy(buffer, content.constData() + self.m_nRead, static_cast<std::size_t>(length));
         self.m_nRead += length;
