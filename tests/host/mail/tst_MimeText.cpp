@@ -88,7 +88,7 @@ void tst_MimeText::mailboxes_data()
     QTest::addColumn<QByteArray>("mailbox");
     QTest::newRow("none") << QString() << QByteArray("<a@b.com>");
     QTest::newRow("plain") << QStringLiteral("Ann, Bob") << QByteArray("\"Ann, Bob\" <a@b.com>");
-    QTest::newRow("quotes") << QStringLiteral("a\"b\\c") << QByteArray("\"a\\\"b\\\\c\" <a@b.com>");
+    QTest::newRow("quotes") << QStringLiteral("a\"b\\c") << QByteArray(R"("a\"b\\c" <a@b.com>)");
     QTest::newRow("Chinese") << QStringLiteral("小明") << QByteArray("=?UTF-8?B?5bCP5piO?= <a@b.com>");
     QTest::newRow("long") << QString(64, QLatin1Char('n')) << '"' + QByteArray(64, 'n') + "\"\r\n <a@b.com>";
 }

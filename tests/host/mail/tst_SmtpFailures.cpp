@@ -10,7 +10,6 @@ using Encryption = MailAccount::Encryption;
 using MailFixture::account;
 using MailFixture::encrypted;
 using MailFixture::message;
-using MailFixture::words;
 
 namespace {
 
