@@ -141,10 +141,12 @@ void CProductTreeView::mousePressEvent(QMouseEvent* event)
 void CProductTreeView::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex entry = entryOf(byKey ? currentIndex() : indexAt(event->pos()));
+    const QPersistentModelIndex entry = entryOf(byKey ? currentIndex() : indexAt(event->pos()));
     if (!m_bEditable || !entry.isValid())
         return;
-    setCurrentIndex(entry);
+    setCurrentIndex(entry); // writes the name that is being edited elsewhere, which may end in a message
+    if (!entry.isValid())
+        return;
     scrollTo(entry);
 
     m_pMenu = new CProductTreeMenu(NodeType(entry.data(CProductTreeModel::NodeTypeRole).toInt()), this);
@@ -152,50 +154,35 @@ void CProductTreeView::contextMenuEvent(QContextMenuEvent* event)
     connect(m_pMenu, &CProductTreeMenu::notifyChosen, m_pMenu, &QWidget::close);
     // Queued: the operation runs dialogs, and by then the menu is done.
     connect(
-        m_pMenu, &CProductTreeMenu::notifyChosen, this,
-        [this, item = QPersistentModelIndex(entry)](int chosen) { run(chosen, item); }, Qt::QueuedConnection);
+        m_pMenu, &CProductTreeMenu::notifyChosen, this, [this, entry](int chosen) { run(chosen, entry); },
+        Qt::QueuedConnection);
     m_pMenu->popup(byKey ? viewport()->mapToGlobal(visualRect(entry).bottomLeft()) : event->globalPos());
 }
 
 // Does what was chosen for the entry, unless that has vanished meanwhile: then another one is current.
-void CProductTreeView::run(int entry, const QModelIndex& index)
+void CProductTreeView::run(int chosen, const QPersistentModelIndex& index)
 {
     if (!m_bEditable || !entryOf(index).isValid())
         return;
     setCurrentIndex(index);
-    switch (entry) {
-    case CProductTreeMenu::NewTypeFolder:
-        newTypeFolder();
-        break;
-    case CProductTreeMenu::ImportAsFolder:
-        CTypeLibrary::instance().updateLibrary(); // the duplicate searches see the folder as it is now
-        importAsFolder();
-        break;
-    case CProductTreeMenu::ImportCabinetFiles:
-        CTypeLibrary::instance().updateLibrary();
-        importCabinetFiles();
-        break;
-    case CProductTreeMenu::Rename:
+    if (chosen == CProductTreeMenu::ImportAsFolder || chosen == CProductTreeMenu::ImportCabinetFiles)
+        CTypeLibrary::instance().updateLibrary(); // the searches for duplicates see the folder as it is now
+
+    static const QMap<int, void (CProductTreeView::*)()> operations = {
+        {CProductTreeMenu::NewTypeFolder, &CProductTreeView::newTypeFolder},
+        {CProductTreeMenu::ImportAsFolder, &CProductTreeView::importAsFolder},
+        {CProductTreeMenu::ImportCabinetFiles, &CProductTreeView::importCabinetFiles},
+        {CProductTreeMenu::Edit, &CProductTreeView::editMultiRcvType},
+        {CProductTreeMenu::ExportByGroup, &CProductTreeView::exportByGroup},
+        {CProductTreeMenu::ExportCurrent, &CProductTreeView::exportCurrent},
+        {CProductTreeMenu::ExportAll, &CProductTreeView::exportAll},
+    };
+    if (chosen == CProductTreeMenu::Rename)
         editIndex(index);
-        break;
-    case CProductTreeMenu::Delete:
+    else if (chosen == CProductTreeMenu::Delete)
         deleteIndex(index);
-        break;
-    case CProductTreeMenu::Edit:
-        editMultiRcvType();
-        break;
-    case CProductTreeMenu::ExportByGroup:
-        exportByGroup();
-        break;
-    case CProductTreeMenu::ExportCurrent:
-        exportCurrent();
-        break;
-    case CProductTreeMenu::ExportAll:
-        exportAll();
-        break;
-    default:
-        break;
-    }
+    else if (const auto operation = operations.value(chosen))
+        (this->*operation)();
 }
 
 void CProductTreeView::newTypeFolder()
@@ -252,7 +239,7 @@ void CProductTreeView::editIndex(const QModelIndex& index)
     if (!entry.isValid() ||
         (!m_pModel->isDir(entry) && !mayChangeType(this, entry.data(CProductTreeModel::Md5Role).value<SMD5>())))
         return;
-    setCurrentIndex(entry); // writes the name that is being edited elsewhere, which may end in a message
+    setCurrentIndex(entry);
     if (entry.isValid() && !indexWidget(entry))
         edit(entry);
 }

@@ -55,7 +55,7 @@ protected:
 private:
     void connectModel();
     void showLibrary(const QModelIndex& root);
-    void run(int entry, const QModelIndex& index);
+    void run(int chosen, const QPersistentModelIndex& index);
     void forgetOldName(const QString& folder, const QString& oldName, const QString& newName);
 
     // The name's index, when `index` is a row of the library that is shown; invalid else.
