@@ -10,9 +10,9 @@ CProductTreeMenu::CProductTreeMenu(SSettings::TypeLibrary::STreeNode::NodeType k
 
     if (isGroup)
         addEntry(NewTypeFolder, QStringLiteral("SettingArea/TypeLibrary/new-type-folder"),
-                 QKeySequence(Qt::CTRL | Qt::Key_N));
+                 QKeySequence(QStringLiteral("Ctrl+N")));
     addEntry(ImportAsFolder, QStringLiteral("SettingArea/TypeLibrary/import-folder"),
-             QKeySequence(Qt::CTRL | Qt::Key_I));
+             QKeySequence(QStringLiteral("Ctrl+I")));
     addEntry(ImportCabinetFiles, QStringLiteral("SettingArea/TypeLibrary/import-cabinet"));
     addSeparator();
     addEntry(Rename, QStringLiteral("OperateButton/edit"));

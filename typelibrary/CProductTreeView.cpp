@@ -9,7 +9,6 @@
 #include "typelibrary/ImportOperations.h"
 #include "typelibrary/store/CTypeLibrary.h"
 #include "typelibrary/store/LibraryFolders.h"
-#include "typelibrary/store/TypeFileAttributes.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -47,11 +46,11 @@ CProductTreeView::CProductTreeView(QWidget* parent)
 
 void CProductTreeView::connectModel()
 {
-    for (const auto signal : {&CProductTreeModel::rowsInserted, &CProductTreeModel::rowsRemoved})
-        connect(m_pModel, signal, this, &CProductTreeView::notifyRowsChanged);
+    connect(m_pModel, &CProductTreeModel::rowsInserted, this, &CProductTreeView::notifyRowsChanged);
+    connect(m_pModel, &CProductTreeModel::rowsRemoved, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::modelReset, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::directoryLoaded, this, &CProductTreeView::notifyRowsChanged);
-    connect(m_pModel, &CProductTreeModel::fileRenamed, this, &CProductTreeView::forgetOldName);
+    connect(m_pModel, &CProductTreeModel::fileRenamed, this, &rescanRenamed);
 }
 
 void CProductTreeView::setRootPath(const QString& path)
@@ -242,17 +241,6 @@ void CProductTreeView::editIndex(const QModelIndex& index)
     setCurrentIndex(entry);
     if (entry.isValid() && !indexWidget(entry))
         edit(entry);
-}
-
-// The name was written, long after the editor was opened.
-void CProductTreeView::forgetOldName(const QString& folder, const QString& oldName, const QString& newName)
-{
-    for (const QString& name : {oldName, newName}) {
-        const QString path = QDir(folder).filePath(name);
-        removeFromCache(path);
-        removeFolderFromCache(path);
-    }
-    CTypeLibrary::instance().startUpdate();
 }
 
 void CProductTreeView::deleteIndex(const QModelIndex& index)

@@ -56,7 +56,6 @@ private:
     void connectModel();
     void showLibrary(const QModelIndex& root);
     void run(int chosen, const QPersistentModelIndex& index);
-    void forgetOldName(const QString& folder, const QString& oldName, const QString& newName);
 
     // The name's index, when `index` is a row of the library that is shown; invalid else.
     QModelIndex entryOf(const QModelIndex& index) const;

@@ -11,6 +11,7 @@
 #include "typelibrary/store/LibraryClearing.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
+#include <QDir>
 #include <QPointer>
 
 namespace {
@@ -27,6 +28,13 @@ void informUsed(QWidget* view, const QStringList& names)
                      .arg(joinedNames(names)));
 }
 
+// Drops a type, or a group with all that is in it, from the attribute cache.
+void forget(const QString& path)
+{
+    removeFromCache(path);
+    removeFolderFromCache(path);
+}
+
 } // namespace
 
 void informTooDeep(QWidget* view)
@@ -40,6 +48,13 @@ bool mayChangeType(QWidget* view, const SMD5& md5)
         return true;
     inform(view, CProductTreeView::tr("The action cannot be completed because the type is being used in layout."));
     return false;
+}
+
+void rescanRenamed(const QString& folder, const QString& oldName, const QString& newName)
+{
+    forget(QDir(folder).filePath(oldName));
+    forget(QDir(folder).filePath(newName)); // of another entry that had the name before
+    CTypeLibrary::instance().startUpdate();
 }
 
 void deleteEntry(QWidget* view, CProductTreeModel& model, const QModelIndex& index)
@@ -59,8 +74,7 @@ void deleteEntry(QWidget* view, CProductTreeModel& model, const QModelIndex& ind
     if (entry.isValid()) // it may have vanished meanwhile, and another one have taken its name
         model.remove(entry);
     // Only now: a scan may have read the files once more before they went.
-    removeFromCache(path);
-    removeFolderFromCache(path);
+    forget(path);
     CTypeLibrary::instance().startUpdate();
 }
 

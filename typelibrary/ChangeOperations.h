@@ -16,6 +16,9 @@ void informTooDeep(QWidget* view);
 // Whether the user may rename or alter the type with this digest; says why not. The view is there if so.
 bool mayChangeType(QWidget* view, const SMD5& md5);
 
+// Follows a new name that was written, long after the editor was opened, for an entry of `folder`.
+void rescanRenamed(const QString& folder, const QString& oldName, const QString& newName);
+
 // Deletes a type that the layout does not use, or a group whatever is in it, after the user has agreed.
 void deleteEntry(QWidget* view, CProductTreeModel& model, const QModelIndex& index);
 

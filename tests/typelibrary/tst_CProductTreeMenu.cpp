@@ -3,6 +3,7 @@
 #include "typelibrary/CProductTreeMenu.h"
 
 #include <QApplication>
+#include <QSignalSpy>
 
 using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
 
@@ -107,11 +108,10 @@ void tst_CProductTreeMenu::followsTheLanguage()
     QCoreApplication::installTranslator(&upper);
     QCoreApplication::sendPostedEvents();
     QVERIFY(entry(menu, QStringLiteral("EDIT")));
-    QList<int> chosen;
-    connect(&menu, &CProductTreeMenu::notifyChosen, this, [&chosen](int entry) { chosen.append(entry); });
+    const QSignalSpy chosen(&menu, &CProductTreeMenu::notifyChosen);
     entry(menu, QStringLiteral("RENAME"))->trigger();
     QCoreApplication::removeTranslator(&upper);
-    QCOMPARE(chosen, QList<int>({CProductTreeMenu::Rename}));
+    QCOMPARE(chosen, QList<QVariantList>({{CProductTreeMenu::Rename}}));
 }
 
 SETTINGAREA_TEST_MAIN(tst_CProductTreeMenu, QApplication)

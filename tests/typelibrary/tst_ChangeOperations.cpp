@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QScreen>
+#include <QSignalSpy>
 
 // New folders, renaming, deleting and editing.
 class tst_ChangeOperations : public ViewFixture
@@ -274,15 +275,13 @@ void tst_ChangeOperations::renamedGroupIsStillFollowed()
     load();
     makeCurrent(QStringLiteral("G/Sub/a.rcvp"));
     const QPersistentModelIndex group = indexOf(QStringLiteral("G"));
-    QStringList loaded;
-    connect(static_cast<CProductTreeModel*>(view->model()), &CProductTreeModel::directoryLoaded, this,
-            [&loaded](const QString& folder) { loaded.append(folder); });
+    const QSignalSpy loaded(static_cast<CProductTreeModel*>(view->model()), &CProductTreeModel::directoryLoaded);
     for (const char* name : {"H", "I"}) {
         view->editIndex(group);
         type(QLatin1String(name));
         QVERIFY(agree());
         QVERIFY(view->isExpanded(group));
-        QTRY_VERIFY(loaded.contains(pathOf(QLatin1String(name) + QStringLiteral("/Sub"))));
+        QTRY_VERIFY(loaded.contains({pathOf(QLatin1String(name) + QStringLiteral("/Sub"))}));
         view->setCurrentIndex(indexOf(QLatin1String(name) + QStringLiteral("/Sub/a.rcvp")));
     }
     ModalScript script;
