@@ -71,6 +71,7 @@ void tst_TypeLibraryButtons::importedFileMakesClearAllWork()
     QCOMPARE(script.seen(), QStringList{QStringLiteral("Import...: Parameter(*.rcvp *.rcvbp)")});
     QCOMPARE(shown.library.files(), QStringList{QStringLiteral("New.rcvp=new")});
     QTRY_VERIFY(shown.button("ClearAll")->isEnabled());
+    QTRY_VERIFY(shown.find(QStringLiteral("New")).isValid());
     script.press(CDialog::Yes);
     shown.view()->deleteIndex(shown.find(QStringLiteral("New")));
     QCOMPARE(shown.library.files(), QStringList());
