@@ -16,7 +16,8 @@ void write(const QString& path, const QByteArray& content)
 
 void make(const LibraryFiles& files, const QString& folder)
 {
-    std::mt19937_64 random(1); // its sequence is the same everywhere, unlike those of the standard distributions
+    // Its sequence is the same everywhere, unlike those of the standard distributions.
+    std::mt19937_64 random(static_cast<std::uint64_t>(static_cast<unsigned char>(files.prefix[0])));
     const auto span = static_cast<std::uint64_t>(files.largest - files.smallest) + 1;
     for (int i = 0; i < files.types; ++i) {
         const QString group = QStringLiteral("%1/Group %2").arg(folder).arg(i % files.groups, 3, 10, QLatin1Char('0'));
@@ -26,7 +27,11 @@ void make(const LibraryFiles& files, const QString& folder)
         for (char& byte : content)
             byte = static_cast<char>(random());
         const QLatin1String suffix(i % 5 == 0 ? "rcvbp" : "rcvp");
-        write(QStringLiteral("%1/Type %2.%3").arg(group).arg(i, 6, 10, QLatin1Char('0')).arg(suffix), content);
+        write(QStringLiteral("%1/%2 %3.%4")
+                  .arg(group, QLatin1String(files.prefix))
+                  .arg(i, 6, 10, QLatin1Char('0'))
+                  .arg(suffix),
+              content);
     }
 }
 
@@ -34,8 +39,8 @@ void make(const LibraryFiles& files, const QString& folder)
 
 QString LibraryFiles::path(const QString& files) const
 {
-    const QString path = QDir::cleanPath(
-        QDir(files).absoluteFilePath(QStringLiteral("%1-%2-%3-%4").arg(types).arg(groups).arg(smallest).arg(largest)));
+    const QString path = QDir::cleanPath(QDir(files).absoluteFilePath(
+        QStringLiteral("%1-%2-%3-%4-%5").arg(types).arg(groups).arg(smallest).arg(largest).arg(QLatin1String(prefix))));
     if (QFileInfo::exists(path))
         return path;
     // Under its name only when it is whole: the program may be ended at any moment.

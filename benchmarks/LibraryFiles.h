@@ -9,6 +9,7 @@ struct LibraryFiles
     int groups;
     int smallest; // bytes in a file
     int largest;
+    const char* prefix = "Type"; // of the names; other names come with other contents
 
     // The absolute path of the library below the folder `files`; it is made there unless it is there already.
     QString path(const QString& files) const;

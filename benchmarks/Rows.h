@@ -14,6 +14,11 @@ std::vector<Measurement> measureGetSettings(const BenchOptions& options);
 std::vector<Measurement> measureSearches(const BenchOptions& options);
 std::vector<Measurement> measureModel(const BenchOptions& options);
 std::vector<Measurement> measureStall(const BenchOptions& options);
+std::vector<Measurement> measureImportFiles(const BenchOptions& options);
+std::vector<Measurement> measureImportFolder(const BenchOptions& options);
+std::vector<Measurement> measureExportAll(const BenchOptions& options);
+std::vector<Measurement> measureDeleteGroup(const BenchOptions& options);
+std::vector<Measurement> measureWizardMenu(const BenchOptions& options);
 std::vector<Measurement> measureGrowth(const BenchOptions& options);
 
 // What measureGrowth() runs in a process of its own: scans the library `folder` for the first time and prints what it

@@ -16,8 +16,17 @@ struct Row
 };
 
 constexpr std::array rows{
-    Row{"cold-scan", measureColdScan}, Row{"rescan", measureRescan}, Row{"get-settings", measureGetSettings},
-    Row{"searches", measureSearches},  Row{"model", measureModel},   Row{"stall", measureStall},
+    Row{"cold-scan", measureColdScan},
+    Row{"rescan", measureRescan},
+    Row{"get-settings", measureGetSettings},
+    Row{"searches", measureSearches},
+    Row{"model", measureModel},
+    Row{"stall", measureStall},
+    Row{"import-files", measureImportFiles},
+    Row{"import-folder", measureImportFolder},
+    Row{"export-all", measureExportAll},
+    Row{"delete-group", measureDeleteGroup},
+    Row{"wizard-menu", measureWizardMenu},
     Row{"growth", measureGrowth},
 };
 
@@ -33,6 +42,14 @@ void print(const QString& line)
 {
     std::printf("%s\n", qPrintable(line));
     std::fflush(stdout);
+}
+
+// What the display stand-in says about every dialog would only hide the table.
+QtMessageHandler printMessage = nullptr;
+void skipStandIn(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!message.startsWith(QLatin1String("This plugin does not support ")))
+        printMessage(type, context, message);
 }
 
 // Measures the rows and prints the table line by line; false when a row gave no number.
@@ -58,6 +75,7 @@ int main(int argc, char** argv)
     // Windows are painted into memory: the numbers do not depend on a display.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    printMessage = qInstallMessageHandler(skipStandIn);
     const QApplication application(argc, argv);
 
     QCommandLineParser parser;
@@ -81,6 +99,8 @@ int main(int argc, char** argv)
     growthOption.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption});
     parser.process(application);
+    if (!parser.positionalArguments().isEmpty())
+        parser.showHelp(2);
 
     if (parser.isSet(growthOption)) {
         printGrowth(parser.value(growthOption));
