@@ -17,7 +17,7 @@ packages_for()
         build) echo "g++ cmake ninja-build ccache qtbase5-dev libqt5svg5-dev qttools5-dev" \
             "libcurl4-openssl-dev qtkeychain-qt5-dev" ;;
         run) echo "ca-certificates fonts-dejavu-core fonts-noto-cjk" ;;
-        test) echo "openssl python3-aiosmtpd" ;;
+        test) echo "dbus openssl python3-aiosmtpd" ;;
         lint) echo "clang clang-format-14 clang-tidy-14 clazy python3" ;;
         *) fail "no packages are known for the job $job" ;;
         esac

@@ -76,10 +76,28 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
         return QFile::setPermissions(m_path, ownerOnly);
     if (state == State::Sound && SettingsJson::version(present) > SettingsJson::currentVersion && !keepNewer(error))
         return false;
-    if (!SafeFile::replaceKeepingPrevious(m_path, QJsonDocument(document).toJson(), error, ownerOnly))
+    const bool passwordMoves = settings.host.passwordInKeychain && holdsPassword(present);
+    if (!replace(document, !passwordMoves, error))
         return false;
     m_document = document;
     return true;
+}
+
+bool SettingsFile::replace(const QJsonObject& document, bool keepPrevious, QString& error) const
+{
+    const QByteArray content = QJsonDocument(document).toJson();
+    if (keepPrevious)
+        return SafeFile::replaceKeepingPrevious(m_path, content, error, ownerOnly);
+    const auto write = [&](QIODevice& device, QString& reason) { return SafeFile::write(device, content, reason); };
+    if (!SafeFile::replace(m_path, write, error, ownerOnly))
+        return false;
+    QFile::remove(m_path + QLatin1String(".bak"));
+    return true;
+}
+
+bool SettingsFile::holdsPassword(const QJsonObject& document)
+{
+    return !SettingsJson::read(document).record.email.strPassword.isEmpty();
 }
 
 SettingsFile::State SettingsFile::inspect(const QString& path, QJsonObject& document, QString& error)

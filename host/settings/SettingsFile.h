@@ -26,7 +26,8 @@ public:
     StoredSettings load(QStringList& messages);
 
     // Replaces the file by the settings, keeping the keys that load() found and did not know. Does nothing when the
-    // file holds just that. On failure the old file stays as it is and `error` says why.
+    // file holds just that. A generation with a password that has moved to the keychain is not kept. On failure the old
+    // file stays as it is and `error` says why.
     bool save(const StoredSettings& settings, QString& error);
 
 private:
@@ -38,6 +39,8 @@ private:
     };
 
     static State inspect(const QString& path, QJsonObject& document, QString& error);
+    static bool holdsPassword(const QJsonObject& document);
+    bool replace(const QJsonObject& document, bool keepPrevious, QString& error) const;
     QString moveAside(QString& error) const;
     bool keepNewer(QString& error);
 

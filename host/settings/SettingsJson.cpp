@@ -101,6 +101,7 @@ void hostFields(Fields& fields, Record& host)
 {
     fields.field("language", host.language);
     fields.field("libraryFolder", host.libraryFolder);
+    fields.field("passwordInKeychain", host.passwordInKeychain);
     fields.field("windowGeometry", host.windowGeometry);
     fields.field("windowState", host.windowState);
 }

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void onlyTheOwnerMayRead();
     void unknownKeysSurviveASave();
     void thePreviousGenerationIsKept();
+    void noGenerationKeepsAPasswordThatHasMoved();
     void nothingIsWrittenWhenNothingHasChanged();
     void aDamagedFileIsSetAside_data();
     void aDamagedFileIsSetAside();
@@ -126,6 +127,28 @@ void tst_SettingsFile::thePreviousGenerationIsKept()
     QVERIFY(!QFile::exists(file(QStringLiteral(".bak"))));
     save(settings, 12);
     QCOMPARE(readFile(file(QStringLiteral(".bak"))), first);
+}
+
+void tst_SettingsFile::noGenerationKeepsAPasswordThatHasMoved()
+{
+    SettingsFile settings(file());
+    StoredSettings stored;
+    stored.record.email.strPassword = QStringLiteral("first");
+    QVERIFY(settings.save(stored, m_error));
+    stored.record.email.strPassword = QStringLiteral("second");
+    QVERIFY(settings.save(stored, m_error));
+    QVERIFY(readFile(file(QStringLiteral(".bak"))).contains("first"));
+
+    stored.record.email.strPassword.clear();
+    stored.host.passwordInKeychain = true;
+    QVERIFY(settings.save(stored, m_error));
+    QVERIFY(!QFile::exists(file(QStringLiteral(".bak"))));
+    QVERIFY(!readFile(file()).contains("second"));
+    QCOMPARE(modeOf(file()), 0600U);
+
+    stored.record.monitoring.nRefreshInterval = 20;
+    QVERIFY(settings.save(stored, m_error));
+    QVERIFY(QFile::exists(file(QStringLiteral(".bak"))));
 }
 
 void tst_SettingsFile::nothingIsWrittenWhenNothingHasChanged()

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/keychain/IKeychain.h"
+
+#include <QStringList>
+
+// A desktop's keychain as a test wants it: its content and its mood outlive the keychains that are opened on it.
+class FakeKeychain : public IKeychain
+{
+public:
+    struct Desktop
+    {
+        QString password;
+        bool answers = true; // false: as where no desktop is running
+        QStringList calls;
+    };
+
+    explicit FakeKeychain(Desktop& desktop)
+        : m_desktop(desktop)
+    {
+    }
+
+    std::optional<QString> read() override
+    {
+        m_desktop.calls << QStringLiteral("read");
+        return m_desktop.answers ? std::optional(m_desktop.password) : std::nullopt;
+    }
+
+    bool write(const QString& password) override
+    {
+        m_desktop.calls << QStringLiteral("write ") + password;
+        if (m_desktop.answers)
+            m_desktop.password = password;
+        return m_desktop.answers;
+    }
+
+    bool remove() override
+    {
+        m_desktop.calls << QStringLiteral("remove");
+        if (m_desktop.answers)
+            m_desktop.password.clear();
+        return m_desktop.answers;
+    }
+
+private:
+    Desktop& m_desktop;
+};
