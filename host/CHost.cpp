@@ -9,8 +9,8 @@
 #include "host/CStatusBar.h"
 #include "host/HostPaths.h"
 #include "host/Logging.h"
+#include "host/MailService.h"
 #include "host/SampleLibrary.h"
-#include "host/mail/CMailer.h"
 #include "plugin/interface/ISettingInterface.h"
 
 #include <widgetry/CMessageBox.h>
@@ -20,6 +20,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QTreeView>
+
+#include <utility>
 
 namespace {
 
@@ -32,16 +34,13 @@ constexpr int closeTimeoutMs = 10000;
 // After a dialog was closed the plug-in scans the library anew on a thread of its own: the time that may take to begin.
 constexpr int countDelayMs = 500;
 
-// How long the status bar says why a mail did not go out.
-constexpr int mailMessageMs = 60000;
-
 } // namespace
 
-CHost::CHost(const CommandLine& commandLine)
+CHost::CHost(const CommandLine& commandLine, std::unique_ptr<IKeychain> keychain)
     : m_commandLine(commandLine),
       m_file(commandLine.settings.isEmpty() ? HostPaths::settingsFile() : commandLine.settings),
-      m_catalogues(HostPaths::translationsFolder()),
-      m_pMailer(new CMailer({commandLine.smtpCa}, this))
+      m_password(std::move(keychain)),
+      m_catalogues(HostPaths::translationsFolder())
 {
     m_saveTimer.setObjectName(QStringLiteral("SaveTimer"));
     m_saveTimer.setInterval(saveDelayMs);
@@ -62,13 +61,14 @@ CHost::~CHost() = default;
 
 bool CHost::isBusy() const
 {
-    return m_pMailer->isBusy() || (m_pLoader && m_pLoader->isBusy());
+    return (m_pMail && m_pMail->isBusy()) || (m_pLoader && m_pLoader->isBusy());
 }
 
 bool CHost::start(SettingArea_InitFunction init, const QString& path)
 {
     QStringList messages;
     m_settings = m_file.load(messages);
+    m_password.complete(m_settings, messages);
     const QString language = m_commandLine.language.isEmpty() ? m_settings.host.language : m_commandLine.language;
     m_catalogues.setLocale(language.isEmpty() ? QLocale::system() : QLocale(language));
 
@@ -177,29 +177,12 @@ void CHost::installHandler()
         return progress->start(text, durationMs, curve);
     };
     services.endProgress = [progress](const QObject* run) { progress->end(run); };
+    m_pMail = std::make_unique<MailService>(SmtpSender::Options{m_commandLine.smtpCa}, m_pWindow->status());
     services.sendEmail = [this](QList<int>& failedPositions, const SEmailSettings& settings, const QString& body) {
-        return sendEmail(failedPositions, settings, body);
+        return m_pMail->send(failedPositions, settings, body);
     };
     services.saveFailed = [this](const QString& text) { m_pWindow->warn(text); };
     m_pArea->setHandler(new CHostHandler(&m_project, m_pWindow.get(), services));
-}
-
-// The settings area tells its user which recipients failed; why is said here.
-bool CHost::sendEmail(QList<int>& failedPositions, const SEmailSettings& settings, const QString& body)
-{
-    CStatusBar* const status = m_pWindow->status();
-    status->showMessage(tr("Sending the mail..."));
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const MailResult result = m_pMailer->send(settings, body);
-    QApplication::restoreOverrideCursor();
-    failedPositions = result.failedPositions;
-    if (result.reason.isEmpty()) {
-        status->clearMessage();
-    } else {
-        qCWarning(logMail, "%ls", qUtf16Printable(result.reason));
-        status->showMessage(result.reason, mailMessageMs);
-    }
-    return result.sent;
 }
 
 // The folder to start with; empty when there is none and none could be made.
@@ -250,7 +233,7 @@ bool CHost::write(QString& error)
 {
     m_settings.host.windowGeometry = m_pWindow->saveGeometry();
     m_settings.host.windowState = m_pWindow->saveState();
-    return m_file.save(m_settings, error);
+    return m_file.save(m_password.forFile(m_settings), error);
 }
 
 bool CHost::queryClose()

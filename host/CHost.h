@@ -3,6 +3,7 @@
 #include "host/Catalogues.h"
 #include "host/CommandLine.h"
 #include "host/ProjectCommands.h"
+#include "host/keychain/PasswordKeeper.h"
 #include "host/project/Project.h"
 #include "host/settings/SettingsFile.h"
 #include "plugin/interface/SettingArea_Init.h"
@@ -14,10 +15,9 @@
 
 class CLayoutCommands;
 class CLibraryLoader;
-class CMailer;
 class CMainWindow;
 class ISettingInterface;
-struct SEmailSettings;
+class MailService;
 
 // The running host: brings the plug-in, the window, the settings file and the open project together.
 // The order at the start is that of the contract: SettingArea_Init, the handler, the settings, the window, and the
@@ -28,7 +28,8 @@ class CHost : public QObject
 
 public:
     // `commandLine` says where the settings and the library are, and in which language to start.
-    explicit CHost(const CommandLine& commandLine);
+    // `keychain` keeps the mail account's password; without one the settings file does.
+    explicit CHost(const CommandLine& commandLine, std::unique_ptr<IKeychain> keychain = nullptr);
     ~CHost() override;
 
     // Reads the settings, opens the window and starts loading the library. `init` is the plug-in's exported function,
@@ -41,9 +42,7 @@ public:
 
     CLibraryLoader* loader() const { return m_pLoader; }
     Project* project() { return &m_project; }
-
-    // Whether a thread is at work that the end of the process must leave alone.
-    bool isBusy() const;
+    bool isBusy() const; // a thread is at work that the end of the process must leave alone
 
     // Takes the values from the pages and writes the settings file. Nothing happens while the library is being loaded:
     // the pages are only to be had together with a scan, which would wait for the one that is under way.
@@ -63,7 +62,6 @@ private:
     void openWindow();
     void connectWindow();
     void installHandler();
-    bool sendEmail(QList<int>& failedPositions, const SEmailSettings& settings, const QString& body);
     void saveUnlessBusy();
     QString firstLibrary();
     void chooseLibrary();
@@ -76,15 +74,16 @@ private:
 
     const CommandLine m_commandLine;
     SettingsFile m_file;
+    PasswordKeeper m_password;
     StoredSettings m_settings; // as loaded or collected last
     Catalogues m_catalogues;
     Project m_project;
     std::unique_ptr<CMainWindow> m_pWindow;
+    std::unique_ptr<MailService> m_pMail;
     std::unique_ptr<ProjectCommands> m_pProjectCommands;
     std::unique_ptr<CLayoutCommands> m_pLayoutCommands; // goes first: it watches what the window hides at its end
     ISettingInterface* m_pArea = nullptr;               // the plug-in's, valid until the process ends
     CLibraryLoader* m_pLoader = nullptr;
-    CMailer* m_pMailer;
     QTimer m_saveTimer{this};
     QTimer m_countTimer;
     QTimer m_closeTimer;

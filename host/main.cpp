@@ -3,6 +3,7 @@
 #include "host/CTerminationSignals.h"
 #include "host/HostPaths.h"
 #include "host/PluginLibrary.h"
+#include "host/keychain/DesktopKeychain.h"
 #include "host/theme/Theme.h"
 #include "host/tour/RunTour.h"
 #include "host/tour/RunTourPass.h"
@@ -19,12 +20,18 @@ constexpr int startFailed = 2;
 int openWindow(const CommandLine& commandLine, const PluginLibrary& plugin)
 {
     const CTerminationSignals termination; // one that comes during the start is not lost
-    CHost host(commandLine);
+    bool isTerminated = false;
+    QObject::connect(&termination, &CTerminationSignals::notifyTerminate, &termination,
+                     [&isTerminated] { isTerminated = true; });
+    // A settings file of the user's choice holds everything itself.
+    CHost host(commandLine, commandLine.settings.isEmpty() ? DesktopKeychain::open() : nullptr);
     if (!host.start(plugin.initFunction(), plugin.path())) {
         QTextStream(stderr) << "orvel: " << plugin.path() << ": the plug-in has no settings area to give\n";
         return startFailed;
     }
     QObject::connect(&termination, &CTerminationSignals::notifyTerminate, host.window(), &QWidget::close);
+    if (isTerminated) // while the keychain was asked
+        QMetaObject::invokeMethod(host.window(), &QWidget::close, Qt::QueuedConnection);
     QObject::connect(&host, &CHost::notifyFinished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     const int result = QApplication::exec();
     // What is still at work cannot be broken off at once and uses what the end of the program takes down: the plug-in's

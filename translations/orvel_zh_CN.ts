@@ -21,10 +21,6 @@ Quit anyway?</source>
         <source>The type library %1 was not loaded: %2</source>
         <translation>类型库 %1 未加载：%2</translation>
     </message>
-    <message>
-        <source>Sending the mail...</source>
-        <translation>正在发送邮件...</translation>
-    </message>
 </context>
 <context>
     <name>CHostHandler</name>
@@ -329,6 +325,20 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     <message>
         <source>A payload has at most %1 bytes.</source>
         <translation>数据区最多 %1 字节。</translation>
+    </message>
+</context>
+<context>
+    <name>MailService</name>
+    <message>
+        <source>Sending the mail...</source>
+        <translation>正在发送邮件...</translation>
+    </message>
+</context>
+<context>
+    <name>PasswordKeeper</name>
+    <message>
+        <source>The password of the mail account could not be read from the desktop&apos;s keychain.</source>
+        <translation>无法从桌面的密钥环中读取邮件账户的密码。</translation>
     </message>
 </context>
 <context>

@@ -4,10 +4,14 @@
 #include "host/CStatusBar.h"
 #include "plugin/interface/ISettingInterfaceHandler.h"
 #include "tests/host/FakeArea.h"
+#include "tests/host/ModalAnswer.h"
+#include "tests/host/keychain/FakeKeychain.h"
 #include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <netinet/in.h>
@@ -63,8 +67,15 @@ private Q_SLOTS:
 
     void aMailThatFailsIsExplained();
     void closingDuringAMailEndsIt();
+    void thePasswordMovesToTheKeychain();
+    void withoutADesktopThePasswordStaysInTheFile();
+    void aPasswordThatCannotBeReadIsReported();
 
 private:
+    void start(std::unique_ptr<IKeychain> keychain);
+    QString settings() const { return m_folder->filePath(QStringLiteral("settings.json")); }
+    QByteArray storedPassword() const;
+
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<FakeArea> m_area;
     std::unique_ptr<CHost> m_host;
@@ -75,12 +86,19 @@ void tst_HostMail::init()
 {
     TestObject::init();
     m_folder = std::make_unique<QTemporaryDir>();
+}
+
+// Opens the host, or opens it anew, and waits until the library is there.
+void tst_HostMail::start(std::unique_ptr<IKeychain> keychain)
+{
+    m_handler.reset();
+    m_host.reset();
     m_area = std::make_unique<FakeArea>();
     CommandLine commandLine;
-    commandLine.settings = m_folder->filePath(QStringLiteral("settings.json"));
+    commandLine.settings = settings();
     commandLine.library = m_folder->filePath(QStringLiteral("types"));
     commandLine.language = QStringLiteral("en");
-    m_host = std::make_unique<CHost>(commandLine);
+    m_host = std::make_unique<CHost>(commandLine, std::move(keychain));
     QVERIFY(m_host->start(FakeArea::init, {}));
     QTRY_VERIFY(!m_host->loader()->isBusy());
     m_handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler());
@@ -94,14 +112,21 @@ void tst_HostMail::cleanup()
     TestObject::cleanup();
 }
 
+QByteArray tst_HostMail::storedPassword() const
+{
+    const QJsonObject document = QJsonDocument::fromJson(readFile(settings())).object();
+    return document.value(QLatin1String("email"))[QLatin1String("password")].toString().toLatin1();
+}
+
 void tst_HostMail::aMailThatFailsIsExplained()
 {
+    start(nullptr);
     const QString reason = QStringLiteral("A recipient's address is not valid.");
     expectWarning(QRegularExpression(QLatin1Char('^') + reason + QLatin1Char('$')));
-    SEmailSettings settings = mailSettings(25);
-    settings.lstRecipients = {{QString(), QStringLiteral("a\r\nb@example.com")}};
+    SEmailSettings account = mailSettings(25);
+    account.lstRecipients = {{QString(), QStringLiteral("a\r\nb@example.com")}};
     QList<int> failed{7, 8};
-    QVERIFY(!m_handler->SendEmail(failed, settings, QStringLiteral("body")));
+    QVERIFY(!m_handler->SendEmail(failed, account, QStringLiteral("body")));
     QCOMPARE(failed, QList<int>{0});
     QCOMPARE(m_host->window()->status()->currentMessage(), reason);
     QVERIFY(!QApplication::overrideCursor());
@@ -110,6 +135,7 @@ void tst_HostMail::aMailThatFailsIsExplained()
 
 void tst_HostMail::closingDuringAMailEndsIt()
 {
+    start(nullptr);
     const SilentServer server;
     connect(m_host.get(), &CHost::notifyFinished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     expectWarning(QRegularExpression(QStringLiteral("^The mail was given up, since the program ends.$")));
@@ -128,8 +154,51 @@ void tst_HostMail::closingDuringAMailEndsIt()
     QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
     QVERIFY(!sent);
     QCOMPARE(failed, QList<int>{0});
-    QVERIFY(QFile::exists(m_folder->filePath(QStringLiteral("settings.json"))));
+    QVERIFY(QFile::exists(settings()));
     QTRY_VERIFY(!m_host->isBusy());
+}
+
+void tst_HostMail::thePasswordMovesToTheKeychain()
+{
+    FakeKeychain::Desktop desktop;
+    QVERIFY(writeFile(settings(), R"({"email": {"password": "secret"}})"));
+    start(std::make_unique<FakeKeychain>(desktop));
+    QCOMPARE(m_area->settings.email.strPassword, QStringLiteral("secret"));
+    QVERIFY(m_host->window()->close());
+    QCOMPARE(desktop.password, QStringLiteral("secret"));
+    QCOMPARE(storedPassword(), QByteArray());
+    QVERIFY(!QFile::exists(settings() + QStringLiteral(".bak"))); // where it would still be
+
+    start(std::make_unique<FakeKeychain>(desktop));
+    QCOMPARE(m_area->settings.email.strPassword, QStringLiteral("secret"));
+    m_area->settings.email.strPassword = QStringLiteral("another");
+    QVERIFY(m_host->window()->close());
+    QCOMPARE(desktop.password, QStringLiteral("another"));
+    QCOMPARE(storedPassword(), QByteArray());
+}
+
+void tst_HostMail::withoutADesktopThePasswordStaysInTheFile()
+{
+    FakeKeychain::Desktop none;
+    none.answers = false;
+    QVERIFY(writeFile(settings(), R"({"email": {"password": "secret"}})"));
+    start(std::make_unique<FakeKeychain>(none));
+    QVERIFY(m_host->window()->close());
+    QCOMPARE(storedPassword(), QByteArray("secret"));
+    start(std::make_unique<FakeKeychain>(none));
+    QCOMPARE(m_area->settings.email.strPassword, QStringLiteral("secret"));
+}
+
+void tst_HostMail::aPasswordThatCannotBeReadIsReported()
+{
+    FakeKeychain::Desktop none;
+    none.answers = false;
+    QVERIFY(writeFile(settings(), R"({"host": {"passwordInKeychain": true}})"));
+    const ModalAnswer answer(CDialog::Ok);
+    start(std::make_unique<FakeKeychain>(none));
+    QTRY_VERIFY(answer.wasThere());
+    QCOMPARE(answer.text(),
+             QStringLiteral("The password of the mail account could not be read from the desktop's keychain."));
 }
 
 SETTINGAREA_TEST_MAIN(tst_HostMail, QApplication)
