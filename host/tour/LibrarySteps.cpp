@@ -135,7 +135,7 @@ bool openEntry(TourStage& stage, const QString& selected, const char* entry, con
 
 std::function<bool(TourStage&)> entryOf(const QString& selected, const char* entry)
 {
-    return [selected, entry](TourStage& stage) { return openEntry(stage, selected, entry, {stage.picture()}); };
+    return [selected, entry](TourStage& stage) { return openEntry(stage, selected, entry, {stage.shot()}); };
 }
 
 std::function<bool(TourStage&)> menuOf(const QString& selected)
@@ -184,7 +184,7 @@ bool importDuplicate(TourStage& stage)
     const QString folder = newFolder(stage, QStringLiteral("import"));
     copyTypes(stage, folder);
     return openEntry(stage, group, "Import cabinet type file(Suffix rcvbp)",
-                     {enter(stage, folder + QStringLiteral("/Copy-1.rcvp")), stage.picture()});
+                     {enter(stage, folder + QStringLiteral("/Copy-1.rcvp")), stage.shot()});
 }
 
 bool importTakenName(TourStage& stage)
@@ -192,20 +192,20 @@ bool importTakenName(TourStage& stage)
     const QString folder = newFolder(stage, QStringLiteral("import"));
     writeType(stage, folder, QStringLiteral("P3-500x500.rcvp"));
     return openEntry(stage, group, "Import cabinet type file(Suffix rcvbp)",
-                     {enter(stage, folder + QStringLiteral("/P3-500x500.rcvp")), stage.picture()});
+                     {enter(stage, folder + QStringLiteral("/P3-500x500.rcvp")), stage.shot()});
 }
 
 bool importEmptyFolder(TourStage& stage)
 {
     const QString folder = newFolder(stage, QStringLiteral("import"));
-    return openEntry(stage, group, "Import as folder", {enter(stage, folder), stage.picture()});
+    return openEntry(stage, group, "Import as folder", {enter(stage, folder), stage.shot()});
 }
 
 bool importNothingNew(TourStage& stage)
 {
     const QString folder = newFolder(stage, QStringLiteral("import"));
     copyTypes(stage, folder);
-    return openEntry(stage, group, "Import as folder", {enter(stage, folder), stage.picture()});
+    return openEntry(stage, group, "Import as folder", {enter(stage, folder), stage.shot()});
 }
 
 // The progress is held where it is to be seen.
@@ -238,7 +238,7 @@ bool shootFullDisk(TourStage& stage, const char* entry, const QString& folder)
     const Act fillDisk = [&](QWidget* dialog) {
         return ::setrlimit(RLIMIT_FSIZE, &full) == 0 && enter(stage, folder)(dialog);
     };
-    const Act makeRoom = [&](QWidget* box) { return ::setrlimit(RLIMIT_FSIZE, &before) == 0 && stage.picture()(box); };
+    const Act makeRoom = [&](QWidget* box) { return ::setrlimit(RLIMIT_FSIZE, &before) == 0 && stage.shot()(box); };
     return openEntry(stage, group, entry, {fillDisk, makeRoom});
 }
 
@@ -252,7 +252,7 @@ bool importFailed(TourStage& stage)
 bool exportSuccessful(TourStage& stage)
 {
     const QString folder = newFolder(stage, QStringLiteral("export"));
-    return openEntry(stage, group, "Export all cabinet parameters", {enter(stage, folder), stage.picture()});
+    return openEntry(stage, group, "Export all cabinet parameters", {enter(stage, folder), stage.shot()});
 }
 
 bool exportFailed(TourStage& stage)
@@ -269,15 +269,14 @@ bool deleteAll(TourStage& stage, const Acts& acts)
 
 bool deleteAllQuestion(TourStage& stage)
 {
-    return deleteAll(stage, {stage.picture()});
+    return deleteAll(stage, {stage.shot()});
 }
 
 bool deleteAllInUse(TourStage& stage)
 {
     // The tree follows the disk on a thread of its own.
     const Act shootWhatIsLeft = [&](QWidget* box) {
-        return LibraryTree::waitUntilGone(stage, QStringLiteral("Indoor/Fixed/P3-576x576.rcvp")) &&
-               stage.picture()(box);
+        return LibraryTree::waitUntilGone(stage, QStringLiteral("Indoor/Fixed/P3-576x576.rcvp")) && stage.shot()(box);
     };
     return deleteAll(stage, {press(stage, "YesButton"), shootWhatIsLeft});
 }

@@ -4,7 +4,6 @@
 
 class PluginLibrary;
 
-// One pass of the tour, in a process that was started with the pass's scale: opens the host with settings and a copy of
-// the type library of its own in a temporary folder, and takes the steps. Failures go to the standard error in one
+// One pass of the tour, in a process that was started with the pass's scale. Failures go to the standard error in one
 // line. Needs the QApplication. The program's exit code. [GUI thread]
 int runTourPass(const CommandLine& commandLine, const PluginLibrary& plugin);

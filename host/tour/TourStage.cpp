@@ -4,31 +4,24 @@
 #include "host/CMainWindow.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QPainter>
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
+
+#include <utility>
 
 namespace {
 
 constexpr int timeoutMs = 30000;
 constexpr int pollIntervalMs = 10;
 
-// The caption that stands for a window manager's title bar.
-constexpr int captionHeight = 28;
-constexpr int captionMargin = 12;
-constexpr QColor captionColor(57, 57, 64);
-constexpr QColor captionTextColor(240, 240, 246);
-
 } // namespace
 
-TourStage::TourStage(CHost& host, const QString& folder, const QDir& own)
+TourStage::TourStage(CHost& host, const QDir& own, Shutter shutter)
     : m_host(host),
-      m_folder(folder),
-      m_own(own)
+      m_own(own),
+      m_shutter(std::move(shutter))
 {
 }
 
@@ -90,7 +83,7 @@ bool TourStage::inDialogs(const std::function<void()>& open, const std::vector<A
     return waitFor(isOver, QStringLiteral("a dialog or its end")) && done;
 }
 
-TourStage::Act TourStage::picture()
+TourStage::Act TourStage::shot()
 {
     return closing([this](QWidget*) { return shoot(); });
 }
@@ -112,36 +105,5 @@ bool TourStage::shoot()
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
 
-    QPixmap picture = window()->grab();
-    QPainter painter(&picture);
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (const bool popups : {false, true}) {
-        for (QWidget* widget : widgets) {
-            if (widget != window() && widget->isVisible() && (widget->windowType() != Qt::Dialog) == popups)
-                draw(painter, widget);
-        }
-    }
-    painter.end();
-
-    const QString path = QDir(m_folder).filePath(m_picture + QStringLiteral(".png"));
-    return picture.save(path) || fail(QStringLiteral("cannot write %1").arg(path));
-}
-
-// Dialogs lie in the middle, as window managers put them, whatever the size of the screen; menus where they are.
-void TourStage::draw(QPainter& painter, QWidget* over) const
-{
-    const QPixmap content = over->grab();
-    if (over->windowType() != Qt::Dialog) {
-        painter.drawPixmap(over->pos() - window()->pos(), content);
-        return;
-    }
-    QRect frame({}, over->size() + QSize(0, captionHeight));
-    frame.moveCenter(window()->rect().center());
-    QRect caption = frame;
-    caption.setHeight(captionHeight);
-    painter.fillRect(caption, captionColor);
-    painter.setPen(captionTextColor);
-    painter.setFont(over->font());
-    painter.drawText(caption.adjusted(captionMargin, 0, -captionMargin, 0), Qt::AlignVCenter, over->windowTitle());
-    painter.drawPixmap(caption.bottomLeft() + QPoint(0, 1), content);
+    return m_shutter(*this);
 }

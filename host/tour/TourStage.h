@@ -9,17 +9,20 @@
 class CHost;
 class CMainWindow;
 class ISettingInterface;
-class QPainter;
 class QWidget;
 
-// What a step of the tour works with: the running host, and the camera. Every function that gives a bool gives false
-// when the step has failed, with the reason in error(): a step returns at once then. [GUI thread]
+// What a step of the tour works with: the running host, and what is done with the pictures. Every function that gives a
+// bool gives false when the step has failed, with the reason in error(): a step returns at once then. [GUI thread]
 class TourStage
 {
 public:
-    // The pictures go into `folder`, which exists. `own` is a folder of this pass's own; its files may be changed.
-    TourStage(CHost& host, const QString& folder, const QDir& own);
+    // Called when the window, with the dialogs and menus that are open, shows what the step is about.
+    using Shutter = std::function<bool(TourStage&)>;
 
+    // `own` is a folder of this pass's own; its files may be changed.
+    TourStage(CHost& host, const QDir& own, Shutter shutter);
+
+    CHost& host() const { return m_host; }
     CMainWindow* window() const;
     ISettingInterface* area() const;
 
@@ -31,8 +34,9 @@ public:
 
     // The name of the picture that the next shoot() takes, without suffix.
     void setPicture(const QString& name) { m_picture = name; }
+    QString picture() const { return m_picture; }
 
-    // Saves a picture of the window, with the dialogs and menus that are open lying over it.
+    // Lets what was changed just now be laid out, and calls the shutter.
     bool shoot();
 
     // Runs the event loop until the condition holds. `what` names it in the error when it does not come true.
@@ -50,16 +54,15 @@ public:
     bool inDialog(const std::function<void()>& open, const Act& act) { return inDialogs(open, {closing(act)}); }
 
     // Takes a picture of what is open and closes it.
-    Act picture();
-    bool shootDialog(const std::function<void()>& open) { return inDialogs(open, {picture()}); }
+    Act shot();
+    bool shootDialog(const std::function<void()>& open) { return inDialogs(open, {shot()}); }
 
 private:
     static Act closing(const Act& act);
-    void draw(QPainter& painter, QWidget* over) const;
 
     CHost& m_host;
-    const QString m_folder;
     const QDir m_own;
+    const Shutter m_shutter;
     QString m_picture;
     QString m_error;
 };

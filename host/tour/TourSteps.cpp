@@ -113,7 +113,7 @@ bool quitQuestion(TourStage& stage)
         question->findChild<QPushButton*>(QStringLiteral("NoButton"))->click();
         return true;
     };
-    const bool shot = stage.inDialogs([&] { stage.window()->close(); }, {dropChanges, stage.picture()});
+    const bool shot = stage.inDialogs([&] { stage.window()->close(); }, {dropChanges, stage.shot()});
     return file.remove() && shot;
 }
 
