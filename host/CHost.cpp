@@ -61,7 +61,7 @@ CHost::~CHost() = default;
 
 bool CHost::isBusy() const
 {
-    return (m_pMail && m_pMail->isBusy()) || (m_pLoader && m_pLoader->isBusy());
+    return m_password.isBusy() || (m_pMail && m_pMail->isBusy()) || (m_pLoader && m_pLoader->isBusy());
 }
 
 bool CHost::start(SettingArea_InitFunction init, const QString& path)

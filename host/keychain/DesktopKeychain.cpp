@@ -2,11 +2,14 @@
 
 #ifdef ORVEL_WITH_KEYCHAIN
 
-#include <QEventLoop>
+#include "host/Awaited.h"
+
 #include <QLoggingCategory>
-#include <QTimer>
+#include <QThread>
 
 #include <qt5keychain/keychain.h>
+
+#include <functional>
 
 namespace {
 
@@ -15,21 +18,42 @@ Q_LOGGING_CATEGORY(logKeychain, "orvel.keychain", QtWarningMsg)
 const QLatin1String service("orvel");
 const QLatin1String key("mail-password");
 
+struct Answer
+{
+    QKeychain::Error error = QKeychain::OtherError;
+    QString text;
+};
+
+// Asks on a thread of its own, as the first call looks for the desktop's services and waits for the message bus.
 class Keychain : public IKeychain
 {
 public:
     explicit Keychain(std::chrono::milliseconds timeout)
-        : m_timeout(timeout)
+        : m_timeout(timeout),
+          m_pThread(new QThread),
+          m_pWorker(new QObject)
     {
+        m_pThread->setObjectName(QStringLiteral("Keychain"));
+        m_pWorker->moveToThread(m_pThread);
+    }
+
+    // A thread that still waits for the keychain cannot be ended.
+    ~Keychain() override
+    {
+        if (m_bLost)
+            return;
+        m_pThread->quit();
+        m_pThread->wait();
+        delete m_pWorker;
+        delete m_pThread;
     }
 
     std::optional<QString> read() override
     {
-        auto* const job = new QKeychain::ReadPasswordJob(service);
-        QString password;
-        switch (run(job, [&] { password = job->textData(); })) {
+        const Answer answer = ask([] { return new QKeychain::ReadPasswordJob(service); });
+        switch (answer.error) {
         case QKeychain::NoError:
-            return password;
+            return answer.text;
         case QKeychain::EntryNotFound:
             return QString();
         default:
@@ -39,49 +63,59 @@ public:
 
     bool write(const QString& password) override
     {
-        auto* const job = new QKeychain::WritePasswordJob(service);
-        job->setTextData(password);
-        return run(job, [] {}) == QKeychain::NoError;
+        const Answer answer = ask([password] {
+            auto* const job = new QKeychain::WritePasswordJob(service);
+            job->setTextData(password);
+            return job;
+        });
+        return answer.error == QKeychain::NoError;
     }
 
     bool remove() override
     {
-        const QKeychain::Error error = run(new QKeychain::DeletePasswordJob(service), [] {});
-        return error == QKeychain::NoError || error == QKeychain::EntryNotFound;
+        const Answer answer = ask([] { return new QKeychain::DeletePasswordJob(service); });
+        return answer.error == QKeychain::NoError || answer.error == QKeychain::EntryNotFound;
     }
 
+    bool isBusy() const override { return m_bLost; }
+
 private:
-    // Runs the job, which deletes itself, and calls `take` while it is still there. A job cannot be cancelled, and the
-    // next one would wait for it.
-    template<typename Take>
-    QKeychain::Error run(QKeychain::Job* job, Take take)
+    // `make` is called on the thread; the job deletes itself. While events are handled another call may come.
+    Answer ask(const std::function<QKeychain::Job*()>& make)
     {
-        QEventLoop loop;
-        QKeychain::Error error = QKeychain::OtherError;
-        bool isDone = false;
-        QObject::connect(job, &QKeychain::Job::finished, &loop, [&] {
-            isDone = true;
-            error = job->error();
-            if (error != QKeychain::NoError && error != QKeychain::EntryNotFound)
-                qCInfo(logKeychain, "%ls", qUtf16Printable(job->errorString()));
-            take();
-            loop.quit();
+        if (m_bLost || m_bAsking)
+            return {};
+        m_pThread->start(); // with the first call
+        if (!m_pThread->isRunning())
+            return {};
+        const auto awaited = std::make_shared<Awaited<Answer>>();
+        QMetaObject::invokeMethod(m_pWorker, [awaited, make] {
+            QKeychain::Job* const job = make();
+            QObject::connect(job, &QKeychain::Job::finished, job,
+                             [awaited](QKeychain::Job* done) { awaited->bring(answerOf(done)); });
+            job->setKey(key);
+            job->start();
         });
-        if (m_bLost) {
-            delete job;
-            return error;
-        }
-        QTimer::singleShot(m_timeout, &loop, &QEventLoop::quit);
-        job->setKey(key);
-        job->start();
-        if (!isDone)
-            loop.exec(QEventLoop::ExcludeUserInputEvents);
-        m_bLost = !isDone;
-        return error;
+        m_bAsking = true;
+        const auto answer = awaited->wait(m_timeout);
+        m_bAsking = false;
+        m_bLost = !answer;
+        return answer.value_or(Answer());
+    }
+
+    static Answer answerOf(QKeychain::Job* job)
+    {
+        if (job->error() != QKeychain::NoError && job->error() != QKeychain::EntryNotFound)
+            qCInfo(logKeychain, "%ls", qUtf16Printable(job->errorString()));
+        const auto* const reading = qobject_cast<QKeychain::ReadPasswordJob*>(job);
+        return {job->error(), reading ? reading->textData() : QString()};
     }
 
     const std::chrono::milliseconds m_timeout;
-    bool m_bLost = false; // a job has not come back
+    QThread* const m_pThread;
+    QObject* const m_pWorker; // lives on the thread
+    bool m_bAsking = false;
+    bool m_bLost = false; // an answer has not come
 };
 
 } // namespace

@@ -20,6 +20,10 @@ public:
     // Keeps no password any longer. False when one may still be kept.
     virtual bool remove() = 0;
 
+    // Whether a thread is still waiting for an answer that nobody waits for any more: the end of the process must leave
+    // it alone.
+    virtual bool isBusy() const { return false; }
+
 protected:
     IKeychain() = default;
     Q_DISABLE_COPY(IKeychain)

@@ -27,6 +27,9 @@ public:
     // The settings as the file is to hold them, after the password has been put in its place.
     StoredSettings forFile(const StoredSettings& settings);
 
+    // As IKeychain::isBusy().
+    bool isBusy() const { return m_pKeychain && m_pKeychain->isBusy(); }
+
 private:
     bool moveToKeychain(const QString& password);
 

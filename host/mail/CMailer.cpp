@@ -1,11 +1,10 @@
 #include "host/mail/CMailer.h"
 
-#include <QEventLoop>
-#include <QTimer>
+#include "host/Awaited.h"
+
+#include <QDeadlineTimer>
 
 #include <csignal>
-#include <mutex>
-#include <optional>
 #include <system_error>
 #include <thread>
 
@@ -27,36 +26,8 @@ void leaveSignalsAlone()
 // What a worker and the one who waits for it share.
 struct CMailer::Run
 {
-    // The worker is done.
-    void finish(const MailResult& mailResult)
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        result = mailResult;
-        if (loop)
-            QMetaObject::invokeMethod(loop, &QEventLoop::quit, Qt::QueuedConnection);
-    }
-
-    // Someone waits for the worker; false when there is nothing to wait for.
-    bool begin(QEventLoop* waiting)
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        loop = waiting;
-        return !result;
-    }
-
-    // Nobody waits any longer; what the worker has done so far.
-    std::optional<MailResult> end()
-    {
-        cancelled = true;
-        const std::lock_guard<std::mutex> lock(mutex);
-        loop = nullptr;
-        return result;
-    }
-
     std::atomic_bool cancelled{false};
-    std::mutex mutex; // guards the rest
-    QEventLoop* loop = nullptr;
-    std::optional<MailResult> result;
+    Awaited<MailResult> result;
 };
 
 CMailer::CMailer(const SmtpSender::Options& options, QObject* parent)
@@ -82,7 +53,7 @@ MailResult CMailer::send(const SEmailSettings& settings, const QString& body)
     try {
         std::thread([run, workers = m_pWorkers, options = m_options, account = MailAccount::from(settings), message] {
             leaveSignalsAlone();
-            run->finish(SmtpSender(options).send(account, message, run->cancelled));
+            run->result.bring(SmtpSender(options).send(account, message, run->cancelled));
             --*workers;
         }).detach();
     } catch (const std::system_error& failure) {
@@ -97,18 +68,11 @@ MailResult CMailer::send(const SEmailSettings& settings, const QString& body)
 
 MailResult CMailer::waitFor(Run& run, const MailMessage& message) const
 {
-    QEventLoop loop; // also left when the program is to end
-    bool isLate = false;
-    QTimer deadline;
-    connect(&deadline, &QTimer::timeout, &loop, [&] {
-        isLate = true;
-        loop.quit();
-    });
-    deadline.start(m_options.timeout + grace);
-    if (run.begin(&loop))
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    if (const auto result = run.end())
+    const QDeadlineTimer deadline(m_options.timeout + grace);
+    const auto result = run.result.wait(m_options.timeout + grace);
+    run.cancelled = true;
+    if (result)
         return *result;
-    return SmtpSender::failure(message, isLate ? tr("The mail server did not answer in time.")
-                                               : tr("The mail was given up, since the program ends."));
+    return SmtpSender::failure(message, deadline.hasExpired() ? tr("The mail server did not answer in time.")
+                                                              : tr("The mail was given up, since the program ends."));
 }

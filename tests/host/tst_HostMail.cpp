@@ -69,6 +69,7 @@ private Q_SLOTS:
     void closingDuringAMailEndsIt();
     void thePasswordMovesToTheKeychain();
     void withoutADesktopThePasswordStaysInTheFile();
+    void aKeychainThatStillWaitsIsLeftAloneAtTheEnd();
     void aPasswordThatCannotBeReadIsReported();
 
 private:
@@ -187,6 +188,15 @@ void tst_HostMail::withoutADesktopThePasswordStaysInTheFile()
     QCOMPARE(storedPassword(), QByteArray("secret"));
     start(std::make_unique<FakeKeychain>(none));
     QCOMPARE(m_area->settings.email.strPassword, QStringLiteral("secret"));
+}
+
+void tst_HostMail::aKeychainThatStillWaitsIsLeftAloneAtTheEnd()
+{
+    FakeKeychain::Desktop desktop;
+    start(std::make_unique<FakeKeychain>(desktop));
+    QVERIFY(!m_host->isBusy());
+    desktop.isBusy = true;
+    QVERIFY(m_host->isBusy());
 }
 
 void tst_HostMail::aPasswordThatCannotBeReadIsReported()

@@ -12,6 +12,7 @@ public:
     {
         QString password;
         bool answers = true; // false: as where no desktop is running
+        bool isBusy = false;
         QStringList calls;
     };
 
@@ -41,6 +42,8 @@ public:
             m_desktop.password.clear();
         return m_desktop.answers;
     }
+
+    bool isBusy() const override { return m_desktop.isBusy; }
 
 private:
     Desktop& m_desktop;
