@@ -148,7 +148,7 @@ void CSettingArea::attachShortcutPanel()
     m_pShortcutPanel = new CShortcutPanel(overlay);
     m_pShortcutPanel->setShortcuts(m_settings.layoutShortcuts, m_settings.softEdgeShortcuts);
     if (auto* const layout = qobject_cast<QVBoxLayout*>(overlay->layout()))
-        layout->addWidget(m_pShortcutPanel);
+        layout->addWidget(m_pShortcutPanel, 0, Qt::AlignBottom);
 }
 
 void CSettingArea::setHandler(IAbstractInterfaceHandler* handler)

@@ -667,6 +667,105 @@
     </message>
 </context>
 <context>
+    <name>CShortcutPanel</name>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>布局</translation>
+    </message>
+    <message>
+        <source>Soft edge</source>
+        <translation>修缝</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Select all cabinets</source>
+        <translation>全选箱体</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Delete cabinet</source>
+        <translation>删除箱体</translation>
+    </message>
+    <message>
+        <source>Move cabinet(↑)</source>
+        <translation>移动箱体(↑)</translation>
+    </message>
+    <message>
+        <source>Move cabinet(↓)</source>
+        <translation>移动箱体(↓)</translation>
+    </message>
+    <message>
+        <source>Move cabinet(←)</source>
+        <translation>移动箱体(←)</translation>
+    </message>
+    <message>
+        <source>Move cabinet(→)</source>
+        <translation>移动箱体(→)</translation>
+    </message>
+    <message>
+        <source>Exit add cabinet</source>
+        <translation>退出添加箱体</translation>
+    </message>
+    <message>
+        <source>Adjust coef(+1%)</source>
+        <translation>调整系数(+1%)</translation>
+    </message>
+    <message>
+        <source>Adjust coef(-1%)</source>
+        <translation>调整系数(-1%)</translation>
+    </message>
+    <message>
+        <source>Adjust coef(+0.4%)</source>
+        <translation>调整系数(+0.4%)</translation>
+    </message>
+    <message>
+        <source>Adjust coef(-0.4%)</source>
+        <translation>调整系数(-0.4%)</translation>
+    </message>
+    <message>
+        <source>Brightness(+)</source>
+        <translation>亮度(+)</translation>
+    </message>
+    <message>
+        <source>Switch seam(↑)</source>
+        <translation>切换拼缝(↑)</translation>
+    </message>
+    <message>
+        <source>Switch seam(↓)</source>
+        <translation>切换拼缝(↓)</translation>
+    </message>
+    <message>
+        <source>Switch seam(←)</source>
+        <translation>切换拼缝(←)</translation>
+    </message>
+    <message>
+        <source>Switch seam(→)</source>
+        <translation>切换拼缝(→)</translation>
+    </message>
+    <message>
+        <source>Brightness(-)</source>
+        <translation>亮度(-)</translation>
+    </message>
+</context>
+<context>
     <name>CTargetMailboxes</name>
     <message>
         <source>Target mailboxes</source>
