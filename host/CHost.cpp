@@ -171,6 +171,7 @@ void CHost::connectWindow()
 void CHost::installHandler()
 {
     CHostHandler::Services services;
+    services.shortcutPanelVisible = [this](bool visible) { m_pWindow->setOverlayRaised(visible); };
     services.language = [this](const QLocale& locale) { setLanguage(locale); };
     CProgressDisplay* const progress = m_pWindow->status()->progress();
     services.showProgress = [progress](const QString& text, int durationMs, const QEasingCurve& curve) {

@@ -31,6 +31,7 @@ QKeySequence ctrl(Qt::Key key)
 CMainWindow::CMainWindow(QWidget* parent)
     : QMainWindow(parent),
       m_pDock(new QWidget(this)),
+      m_pOverlay(new COverlay(m_pDock)), // before the area, which looks for it when it is docked
       m_pStatus(new CStatusBar(this)),
       m_pPlacedTypes(new CPlacedTypesPanel(this)),
       m_pSide(new QDockWidget(this))
@@ -42,7 +43,6 @@ CMainWindow::CMainWindow(QWidget* parent)
     m_pDock->setObjectName(QStringLiteral("Dock"));
     auto* const layout = new QVBoxLayout(m_pDock);
     layout->setContentsMargins(0, 0, 0, 0);
-    new COverlay(m_pDock); // before the area, which looks for it when it is docked
     setCentralWidget(m_pDock);
     setStatusBar(m_pStatus);
     createSide();
@@ -55,6 +55,14 @@ void CMainWindow::layOut(QWidget* area)
     m_pDock->layout()->addWidget(area);
     area->lower(); // beneath the overlay
     area->show();
+}
+
+void CMainWindow::setOverlayRaised(bool raised)
+{
+    if (raised)
+        m_pOverlay->raise();
+    else
+        m_pOverlay->lower();
 }
 
 void CMainWindow::setCloseQuery(std::function<bool()> query)

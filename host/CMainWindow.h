@@ -5,6 +5,7 @@
 
 #include <functional>
 
+class COverlay;
 class CPlacedTypesPanel;
 class CStatusBar;
 class QAction;
@@ -49,6 +50,9 @@ public:
     // Lays the area out in the dock, which is its parent.
     void layOut(QWidget* area);
 
+    // Lays the overlay above the page in the dock, or beneath it.
+    void setOverlayRaised(bool raised);
+
     CStatusBar* status() const { return m_pStatus; }
 
     // The list in the dock at the side.
@@ -85,6 +89,7 @@ private:
     void showAbout();
 
     QWidget* m_pDock;
+    COverlay* m_pOverlay;
     CStatusBar* m_pStatus;
     CPlacedTypesPanel* m_pPlacedTypes;
     QDockWidget* m_pSide;
