@@ -49,6 +49,10 @@ public:
     // False with the reason in `error` when the file could not be written.
     bool save(QString& error);
 
+    // Switches everything to the language, or to English when the host does not speak it, and remembers that. Only
+    // once there is a window.
+    void setLanguage(const QLocale& locale);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
@@ -66,7 +70,6 @@ private:
     QString firstLibrary();
     void chooseLibrary();
     void showProject();
-    void setLanguage(const QLocale& locale);
     bool queryClose();
     bool saveOrAsk();
     void finish();
