@@ -1,9 +1,9 @@
 #include "typelibrary/CTypeLibrarySetting.h"
 
+#include "dialogs/OperationDialogs.h"
 #include "typelibrary/CProductTreeModel.h"
 #include "typelibrary/CProductTreeView.h"
 #include "typelibrary/ChangeOperations.h"
-#include "typelibrary/OperationDialogs.h"
 #include "typelibrary/store/CTypeLibrary.h"
 
 #include <widgetry/CSeparator.h>

@@ -1,12 +1,12 @@
 #include "typelibrary/ChangeOperations.h"
 
+#include "dialogs/OperationDialogs.h"
 #include "multircv/CMultiRcvCabinetSetDlg.h"
 #include "plugin/SettingHandler.h"
 #include "plugin/interface/ISettingInterfaceHandler.h"
 #include "typelibrary/CProductTreeModel.h"
 #include "typelibrary/CProductTreeView.h"
 #include "typelibrary/NameList.h"
-#include "typelibrary/OperationDialogs.h"
 #include "typelibrary/store/CTypeLibrary.h"
 #include "typelibrary/store/LibraryClearing.h"
 #include "typelibrary/store/TypeFileAttributes.h"

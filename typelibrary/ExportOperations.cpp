@@ -1,7 +1,7 @@
 #include "typelibrary/ExportOperations.h"
 
+#include "dialogs/OperationDialogs.h"
 #include "typelibrary/CProductTreeView.h"
-#include "typelibrary/OperationDialogs.h"
 #include "typelibrary/store/CTypeLibrary.h"
 #include "typelibrary/store/LibraryExport.h"
 

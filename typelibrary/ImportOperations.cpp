@@ -1,11 +1,11 @@
 #include "typelibrary/ImportOperations.h"
 
+#include "dialogs/OperationDialogs.h"
 #include "plugin/SettingHandler.h"
 #include "plugin/interface/ISettingInterfaceHandler.h"
 #include "typelibrary/CProductTreeView.h"
 #include "typelibrary/ChangeOperations.h"
 #include "typelibrary/NameList.h"
-#include "typelibrary/OperationDialogs.h"
 #include "typelibrary/store/CTypeLibrary.h"
 #include "typelibrary/store/LibraryFolders.h"
 #include "typelibrary/store/LibraryImport.h"

@@ -5,9 +5,8 @@
 
 class QWidget;
 
-// The modal boxes and file dialogs of the library's operations. The parent may be destroyed while one is open, which
-// counts as No or as a cancelled choice: after a Yes or a choice it is still there, after inform() it may not be.
-// [GUI thread]
+// The modal boxes and file dialogs of what the user does. The parent may be destroyed while one is open, which counts
+// as No or as a cancelled choice: after a Yes or a choice it is still there, after inform() it may not be. [GUI thread]
 
 // Tells the user something.
 void inform(QWidget* parent, const QString& text);

@@ -1,4 +1,4 @@
-#include "typelibrary/OperationDialogs.h"
+#include "dialogs/OperationDialogs.h"
 
 #include <widgetry/CMessageBox.h>
 
