@@ -492,6 +492,129 @@
     </message>
 </context>
 <context>
+    <name>CPreferencesSettings</name>
+    <message>
+        <source>General settings</source>
+        <translation>常规设置</translation>
+    </message>
+    <message>
+        <source>Software modules</source>
+        <translation>软件模块</translation>
+    </message>
+    <message>
+        <source>Layout options</source>
+        <translation>布局选项</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>间距</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts table...</source>
+        <translation>快捷键一览表...</translation>
+    </message>
+    <message>
+        <source>Show grid</source>
+        <translation>显示网格</translation>
+    </message>
+    <message>
+        <source>Show string position</source>
+        <translation>显示走线位置</translation>
+    </message>
+    <message>
+        <source>Snap to cabinets</source>
+        <translation>吸附到箱体</translation>
+    </message>
+    <message>
+        <source>Show programming pane</source>
+        <translation>显示编程面板</translation>
+    </message>
+    <message>
+        <source>Show layout pane</source>
+        <translation>显示布局面板</translation>
+    </message>
+    <message>
+        <source>Show soft edge pane</source>
+        <translation>显示边缘融合面板</translation>
+    </message>
+    <message>
+        <source>Show color adjustment pane</source>
+        <translation>显示色彩调整面板</translation>
+    </message>
+    <message>
+        <source>Show health monitoring pane</source>
+        <translation>显示健康监控面板</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>USB primary</source>
+        <translation>USB 优先</translation>
+    </message>
+    <message>
+        <source>USB and LAN</source>
+        <translation>USB 和局域网</translation>
+    </message>
+    <message>
+        <source>Designated IP address</source>
+        <translation>指定 IP 地址</translation>
+    </message>
+    <message>
+        <source>Celsius（°C）</source>
+        <translation>摄氏度（°C）</translation>
+    </message>
+    <message>
+        <source>Fahrenheit（℉）</source>
+        <translation>华氏度（℉）</translation>
+    </message>
+    <message>
+        <source>Advanced soft edge(require receiving card support)</source>
+        <translation>高级边缘融合（需要接收卡支持）</translation>
+    </message>
+    <message>
+        <source>Soft edge</source>
+        <translation>边缘融合</translation>
+    </message>
+    <message>
+        <source>Language options</source>
+        <translation>语言选项</translation>
+    </message>
+    <message>
+        <source>Priority connection</source>
+        <translation>优先连接方式</translation>
+    </message>
+    <message>
+        <source>Show temperature in</source>
+        <translation>温度显示单位</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Detect processors which connected via USB connection only, If there is no processor connected via USB connection, then the software will try to detect processor in the LAN.</source>
+        <translation>仅检测通过 USB 连接的处理器；如果没有处理器通过 USB 连接，软件会尝试检测局域网中的处理器。</translation>
+    </message>
+    <message>
+        <source>Detect processors which connected via USB or LAN connection.</source>
+        <translation>检测通过 USB 或局域网连接的处理器。</translation>
+    </message>
+    <message>
+        <source>Detect processors whose IP address has been associated to IP address management in device information tab.</source>
+        <translation>检测已在“设备信息”页的 IP 地址管理中关联了 IP 地址的处理器。</translation>
+    </message>
+    <message>
+        <source>Save project</source>
+        <translation>保存工程</translation>
+    </message>
+    <message>
+        <source>The project has not been saved, want to save it?</source>
+        <translation>工程尚未保存，是否保存？</translation>
+    </message>
+</context>
+<context>
     <name>CProductTreeDelegate</name>
     <message>
         <source>Rename</source>

@@ -1,14 +1,11 @@
 #include "monitoring/CMonitoringSettings.h"
 #include "plugin/SettingHandler.h"
 #include "preferences/CPreferencesSettings.h"
-#include "tests/monitoring/Controls.h"
 #include "tests/support/AreaFixture.h"
 #include "tests/support/FileFixture.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/UpperCase.h"
 #include "typelibrary/CTypeLibrarySetting.h"
-
-#include <widgetry/CSpinBox.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -51,7 +48,6 @@ private Q_SLOTS:
     void languageChangeRetitlesTheTabs();
     void styleSheetPaintsTheBackground();
     void alwaysValid();
-    void temperatureUnitReachesTheHealthSettings();
     void getSettingsRescansTheLibrary();
     void setSettingsRescansTheLibrary();
     void handlerIsOwnedAndReplaced();
@@ -172,18 +168,6 @@ void tst_CSettingArea::alwaysValid()
 {
     QVERIFY(area().initialize());
     QVERIFY(area().isValid());
-}
-
-void tst_CSettingArea::temperatureUnitReachesTheHealthSettings()
-{
-    auto* const preferences = area().findChild<CPreferencesSettings*>();
-    const auto* const temperature = named<CSpinBox>(area(), "Temperature over");
-    QCOMPARE(temperature->text(), QString::fromUtf8("60°C"));
-    Q_EMIT preferences->notifyFahrenheitClicked(true);
-    QCOMPARE(temperature->text(), QString::fromUtf8("140°F"));
-    QCOMPARE(area().getSettings()->monitoring.nTemperature, 60);
-    Q_EMIT preferences->notifyFahrenheitClicked(false);
-    QCOMPARE(temperature->text(), QString::fromUtf8("60°C"));
 }
 
 void tst_CSettingArea::getSettingsRescansTheLibrary()

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QRadioButton>
 #include <QTimeEdit>
 
 namespace {
@@ -187,12 +188,15 @@ void tst_SettingsRoundTrip::whatTheUserChangesComesBack()
     const SMonitorSettings& m = other.monitoring;
     const SEmailSettings& e = other.email;
     const auto& page = *area().findChild<CMonitoringSettings*>();
-    const auto boxes = page.findChildren<QCheckBox*>();
-    QCOMPARE(boxes.size(), 16 + 3);
+    const auto boxes = area().findChildren<QCheckBox*>();
+    QCOMPARE(boxes.size(), 8 + 16 + 3);
     for (QCheckBox* const box : boxes)
         box->click();
+    for (const char* text : {"Designated IP address", "Fahrenheit（℉）", "Soft edge"})
+        withText<QRadioButton>(area(), text)->click();
+    named<CSpinBox>(area(), "Space")->setValue(other.preferences.snapSpace);
     page.findChild<QTimeEdit*>()->setTime(QTime(0, 0).addSecs(m.nRefreshInterval));
-    named<CSpinBox>(page, "Temperature over")->setValue(m.nTemperature);
+    named<CSpinBox>(page, "Temperature over")->setValue(113); // degrees Fahrenheit
     named<CSpinBox>(page, "Humidity over")->setValue(m.nHumidity);
     const auto setRange = [&page](const char* lowerName, double lower, const char* upperName, double upper) {
         named<CDoubleSpinBox>(page, lowerName)->setValue(1);
@@ -211,6 +215,7 @@ void tst_SettingsRoundTrip::whatTheUserChangesComesBack()
     named<QLineEdit>(page, "Port")->setText(QString::number(e.nPort));
 
     SSettings expected;
+    expected.preferences = other.preferences;
     expected.monitoring = m;
     expected.email = e;
     expected.email.lstRecipients.clear(); // which only dialogs change

@@ -30,6 +30,9 @@ public:
     std::array<std::int64_t, 4> block{11, 12, 13, 14};
     std::function<bool(const SMD5&)> isUsed = [](const SMD5&) { return false; };
     QObject* progress = nullptr; // what showProgress() gives
+    bool projectModified = false;
+    bool projectHasPath = false;
+    bool priorityHidden = false;
     // What writing a record into a type file does.
     std::function<void(const QString&, const SHwRcvInCabinetInfo&)> write = [](const QString&,
                                                                                const SHwRcvInCabinetInfo&) {};
@@ -70,12 +73,12 @@ public:
     bool isProjectModified() override
     {
         record(QStringLiteral("isProjectModified()"));
-        return false;
+        return projectModified;
     }
     bool hasProjectPath() override
     {
         record(QStringLiteral("hasProjectPath()"));
-        return false;
+        return projectHasPath;
     }
     QString projectName() override
     {
@@ -132,7 +135,7 @@ public:
     bool isPriorityConnectionHidden() override
     {
         record(QStringLiteral("isPriorityConnectionHidden()"));
-        return false;
+        return priorityHidden;
     }
 
 private:
