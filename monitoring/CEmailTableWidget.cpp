@@ -1,6 +1,7 @@
 #include "monitoring/CEmailTableWidget.h"
 
 #include "monitoring/CButtonItemDelegate.h"
+#include "monitoring/ShownText.h"
 
 #include <widgetry/CScrollBar.h>
 #include <widgetry/CToolTip.h>
@@ -16,9 +17,7 @@ constexpr QSize tableSize(402, 173);
 constexpr int columnWidths[CEmailTableWidget::ColumnCount] = {135, 131, 116};
 constexpr int rowSize = 28;
 
-// Characters that a tooltip shows in one line, and that are shown at all: those of a damaged record would take seconds.
-constexpr int longestLine = 64;
-constexpr int longestText = 1000;
+constexpr int longestLine = 64; // characters that a tooltip shows in one line
 
 // The text as a tooltip that shows it as it stands.
 QString toolTipOf(const QString& text)
@@ -28,7 +27,7 @@ QString toolTipOf(const QString& text)
 
 QTableWidgetItem* itemWith(const QString& text)
 {
-    const QString shown = text.left(longestText);
+    const QString shown = shownText(text);
     auto* const item = new QTableWidgetItem(shown);
     item->setToolTip(toolTipOf(shown));
     return item;

@@ -1,5 +1,7 @@
 #include "monitoring/MailReport.h"
 
+#include "monitoring/ShownText.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -27,7 +29,7 @@ QString partlySentText(const QList<SEmailRecipient>& recipients, const QList<int
     QString text = QCoreApplication::translate("CEmailWidget", "Receiving address:");
     for (const int position : failedPositions) {
         if (isPosition(recipients, position))
-            text += recipients.at(position).strAddress + QLatin1Char(' ');
+            text += shownText(recipients.at(position).strAddress) + QLatin1Char(' ');
     }
     return text + QCoreApplication::translate("CEmailWidget", ", failed to send the email.");
 }
