@@ -19,6 +19,7 @@ class tst_CMainWindow : public TestObject
 
 private Q_SLOTS:
     void theAreaIsLaidOutBeneathTheOverlay();
+    void theOverlayIsRaisedAndLowered();
     void itFitsASmallScreen();
     void thePlacedTypesCanBeHidden();
     void theMenusFollowTheLanguage();
@@ -51,6 +52,19 @@ void tst_CMainWindow::theAreaIsLaidOutBeneathTheOverlay()
     QCOMPARE(overlay->geometry(), area->geometry());
     const QObjectList layers = window.dock()->children();
     QVERIFY(layers.indexOf(area) < layers.indexOf(overlay));
+}
+
+void tst_CMainWindow::theOverlayIsRaisedAndLowered()
+{
+    CMainWindow window;
+    auto* const overlay = window.centralWidget()->findChild<QWidget*>(QStringLiteral("OverLay"));
+    auto* const area = new QWidget(window.dock());
+    window.layOut(area);
+    const QObjectList& layers = window.dock()->children();
+    window.setOverlayRaised(false);
+    QVERIFY(layers.indexOf(overlay) < layers.indexOf(area));
+    window.setOverlayRaised(true);
+    QVERIFY(layers.indexOf(overlay) > layers.indexOf(area));
 }
 
 void tst_CMainWindow::itFitsASmallScreen()

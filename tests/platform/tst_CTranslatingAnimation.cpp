@@ -75,6 +75,7 @@ private Q_SLOTS:
     void shownAgainAfterHiding();
     void layoutDecidesThePlace();
     void layoutChangesDuringTheSlide();
+    void parentIsResizedBetweenTheSlides();
     void ownerMovesDuringTheSlide();
     void hiddenParent();
     void noDuration();
@@ -273,6 +274,26 @@ void tst_CTranslatingAnimation::layoutChangesDuringTheSlide()
     QVERIFY(o.panel->y() - 110 <= distance + 1);
     QTRY_COMPARE(o.in, 1);
     QCOMPARE(o.panel->geometry(), QRect(0, 110, 300, 40));
+}
+
+void tst_CTranslatingAnimation::parentIsResizedBetweenTheSlides()
+{
+    Overlay o;
+    auto* const layout = new QVBoxLayout(&o.overlay);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addStretch();
+    layout->addWidget(o.panel);
+    o.animation->moveIn();
+    QTRY_COMPARE(o.in, 1);
+    o.overlay.resize(300, 150);
+    QTRY_COMPARE(o.panel->geometry(), QRect(0, 110, 300, 40));
+    o.animation->moveOut();
+    QTRY_COMPARE(o.out, 1);
+    o.overlay.resize(250, 120);
+    o.animation->moveIn();
+    QCOMPARE(o.panel->geometry(), QRect(0, 120, 250, 40));
+    QTRY_COMPARE(o.in, 2);
+    QCOMPARE(o.panel->geometry(), QRect(0, 80, 250, 40));
 }
 
 void tst_CTranslatingAnimation::ownerMovesDuringTheSlide()

@@ -1,9 +1,8 @@
 #include "preferences/CPreferencesSettings.h"
+#include "tests/shortcut/LetSlidesEnd.h"
 #include "tests/shortcut/PanelRows.h"
 #include "tests/support/AreaFixture.h"
 #include "tests/support/UpperCase.h"
-
-#include <widgetry/CTranslatingAnimation.h>
 
 #include <QApplication>
 #include <QToolButton>
@@ -18,6 +17,7 @@ private Q_SLOTS:
     void cleanup();
 
     void settingsReachThePanel();
+    void settingsDuringASlide();
     void lateOverlayGetsTheSettings();
     void languageReachesThePanel();
     void panelComesFromTheBottom();
@@ -39,20 +39,10 @@ private:
 
 namespace {
 
+constexpr int slideMs = 250; // as long as the panel takes
+
 const QString toldShown = QStringLiteral("notifyShortcutPanelVisible(1)");
 const QString toldHidden = QStringLiteral("notifyShortcutPanelVisible(0)");
-
-// Until a slide that began before would have ended.
-void letSlidesEnd()
-{
-    QWidget ground;
-    QWidget clock(&ground);
-    clock.hide();
-    CTranslatingAnimation animation(Qt::BottomEdge, &clock);
-    animation.setDuration(400);
-    animation.moveIn();
-    QTRY_VERIFY(!animation.isMoving());
-}
 
 } // namespace
 
@@ -94,6 +84,22 @@ void tst_PanelForwarding::settingsReachThePanel()
     QVERIFY(m_handler->calls().isEmpty());
 }
 
+void tst_PanelForwarding::settingsDuringASlide()
+{
+    pressButton();
+    QTRY_VERIFY(panel()->y() < 600);
+    int y = panel()->y();
+    for (int i = 0; i < 5; ++i) {
+        interface().setSettings(SSettings()); // new rows, and a new layout
+        QCoreApplication::processEvents();
+        QVERIFY(panel()->y() <= y);
+        QVERIFY(panel()->y() >= 355);
+        y = panel()->y();
+    }
+    QTRY_COMPARE(m_handler->calls(), QStringList{toldShown});
+    QCOMPARE(panel()->geometry(), QRect(0, 355, 900, 245));
+}
+
 void tst_PanelForwarding::lateOverlayGetsTheSettings()
 {
     m_host.reset();
@@ -133,7 +139,7 @@ void tst_PanelForwarding::pressedAgainNothingChanges()
     pressButton(); // is in
     QVERIFY(!isMoving());
     QCOMPARE(panel()->geometry(), QRect(0, 355, 900, 245));
-    letSlidesEnd();
+    letSlidesEnd(slideMs);
     QCOMPARE(m_handler->calls(), QStringList{toldShown});
 }
 
@@ -158,7 +164,7 @@ void tst_PanelForwarding::closeDuringASlide()
     QVERIFY(!isMoving());
     QVERIFY(!panel()->isVisible());
     QCOMPARE(m_handler->calls(), QStringList{toldHidden});
-    letSlidesEnd();
+    letSlidesEnd(slideMs);
     QVERIFY(!panel()->isVisible());
     QCOMPARE(m_handler->calls(), QStringList{toldHidden});
 
@@ -184,7 +190,7 @@ void tst_PanelForwarding::overlayIsDestroyedDuringTheSlide()
     pressButton();
     QVERIFY(isMoving());
     delete m_host->overlay;
-    letSlidesEnd();
+    letSlidesEnd(slideMs);
     pressButton();
     interface().closeShortcutPanel();
     interface().setSettings(SSettings());

@@ -1,9 +1,8 @@
 #include "plugin/CSettingArea.h"
 #include "shortcut/CShortcutPanel.h"
+#include "tests/shortcut/LetSlidesEnd.h"
 #include "tests/support/FakeHandler.h"
 #include "tests/support/TestObject.h"
-
-#include <widgetry/CTranslatingAnimation.h>
 
 #include <QApplication>
 #include <QPushButton>
@@ -39,7 +38,6 @@ private:
     QTabBar* tabBar() const { return m_panel->findChild<QTabBar*>(); }
     bool isMoving() const { return m_panel->findChild<CTranslatingAnimation*>()->isMoving(); }
     void slideIn();
-    void letSlidesEnd();
 
     std::unique_ptr<QWidget> m_window; // 900 x 600
     QPushButton* m_page = nullptr;
@@ -49,6 +47,8 @@ private:
 };
 
 namespace {
+
+constexpr int slideMs = 80;
 
 const QString toldShown = QStringLiteral("notifyShortcutPanelVisible(1)");
 const QString toldHidden = QStringLiteral("notifyShortcutPanelVisible(0)");
@@ -70,6 +70,7 @@ void tst_PanelSlides::init()
     layout->addStretch();
     m_panel = new CShortcutPanel(m_overlay);
     layout->addWidget(m_panel);
+    m_panel->findChild<CTranslatingAnimation*>()->setDuration(slideMs);
     m_window->show();
 }
 
@@ -85,19 +86,6 @@ void tst_PanelSlides::slideIn()
     m_panel->moveIn();
     QTRY_VERIFY(!isMoving());
     m_handler->forgetCalls();
-}
-
-// Until a slide that began before would have ended.
-void tst_PanelSlides::letSlidesEnd()
-{
-    QWidget ground;
-    ground.resize(10, 10);
-    QWidget clock(&ground);
-    clock.hide();
-    CTranslatingAnimation animation(Qt::BottomEdge, &clock);
-    animation.setDuration(400);
-    animation.moveIn();
-    QTRY_VERIFY(!animation.isMoving());
 }
 
 void tst_PanelSlides::slidesInAndOutAtTheBottom()
@@ -162,7 +150,7 @@ void tst_PanelSlides::movingInTwiceTellsTheHostOnce()
     m_panel->moveIn();
     QVERIFY(!isMoving());
     QCOMPARE(m_panel->y(), 355);
-    letSlidesEnd();
+    letSlidesEnd(slideMs);
     QCOMPARE(m_handler->calls(), QStringList{toldShown});
 }
 
@@ -228,7 +216,7 @@ void tst_PanelSlides::overlayIsDestroyed()
     m_handler->forgetCalls();
     delete m_overlay;
     QVERIFY(!m_panel);
-    letSlidesEnd();
+    letSlidesEnd(slideMs);
     QVERIFY(m_handler->calls().isEmpty());
 }
 
