@@ -801,7 +801,7 @@
     </message>
     <message>
         <source>Soft edge</source>
-        <translation>修缝</translation>
+        <translation>边缘融合</translation>
     </message>
     <message>
         <source>Close</source>

@@ -4,6 +4,7 @@
 #include "host/tour/TourStage.h"
 #include "plugin/interface/ISettingInterface.h"
 
+#include <QPushButton>
 #include <QTabBar>
 
 namespace {
@@ -18,7 +19,7 @@ enum PanelTab
     SoftEdgeTab,
 };
 
-// Slides the panel in as the button on the Preferences page does, and waits until it has come.
+// Presses the button on the Preferences page, and waits until the panel has come.
 bool openPanel(TourStage& stage)
 {
     auto* const overlay = stage.window()->findChild<QWidget*>(QStringLiteral("OverLay"));
@@ -26,7 +27,7 @@ bool openPanel(TourStage& stage)
     const auto children = stage.area()->widget()->findChildren<QWidget*>();
     for (QWidget* child : children) {
         if (child->inherits("CPreferencesSettings"))
-            QMetaObject::invokeMethod(child, "notifyShortcutClicked");
+            child->findChild<QPushButton*>()->click();
     }
     return stage.waitFor([=] { return panel->isVisible() && panel->geometry().bottom() == overlay->rect().bottom(); },
                          QStringLiteral("the shortcut panel"));

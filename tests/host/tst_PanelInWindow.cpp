@@ -10,9 +10,13 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QToolButton>
+
+#include <algorithm>
 
 // The built plug-in's shortcut panel in this host's window.
 class tst_PanelInWindow : public TestObject
@@ -103,16 +107,19 @@ void tst_PanelInWindow::click(const QPoint& point) const
     QTest::mouseClick(window()->windowHandle(), Qt::LeftButton, {}, window()->dock()->mapTo(window(), point));
 }
 
+// Presses the button on the Preferences page, where the page is shown.
 void tst_PanelInWindow::slideIn()
 {
-    QWidget* page = m_host->area()->widget();
-    const auto children = page->findChildren<QWidget*>();
-    for (QWidget* child : children) {
-        if (child->inherits("CPreferencesSettings"))
-            page = child;
-    }
-    QVERIFY(QMetaObject::invokeMethod(page, "notifyShortcutClicked"));
+    m_host->area()->setCurrentTab(0);
+    const auto pages = m_host->area()->widget()->findChildren<QScrollArea*>();
+    const auto page = std::find_if(pages.begin(), pages.end(),
+                                   [](const QScrollArea* area) { return area->inherits("CPreferencesSettings"); });
+    QVERIFY(page != pages.end());
+    QWidget* const button = (*page)->findChild<QPushButton*>();
+    (*page)->ensureWidgetVisible(button);
+    click(button->mapTo(window()->dock(), button->rect().center()));
     QTRY_COMPARE(panel()->geometry().bottom(), named("OverLay")->rect().bottom());
+    QVERIFY(panel()->isVisible());
 }
 
 void tst_PanelInWindow::overlayIsRaisedAndLowered()

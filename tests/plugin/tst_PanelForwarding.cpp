@@ -5,6 +5,7 @@
 #include "tests/support/UpperCase.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QToolButton>
 
 // What the settings area passes on to the shortcut panel, and the host is told of it.
@@ -30,7 +31,7 @@ private Q_SLOTS:
 private:
     CShortcutPanel* panel() const { return m_host->panel(); }
     bool isMoving() const { return panel()->findChild<CTranslatingAnimation*>()->isMoving(); }
-    static void pressButton() { Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked(); }
+    static void pressButton();
     static ISettingInterface& interface() { return area(); }
 
     std::unique_ptr<HostWindow> m_host;
@@ -46,6 +47,12 @@ const QString toldHidden = QStringLiteral("notifyShortcutPanelVisible(0)");
 
 } // namespace
 
+// "Keyboard shortcuts table...": the page's only push button.
+void tst_PanelForwarding::pressButton()
+{
+    QTest::mouseClick(area().findChild<CPreferencesSettings*>()->findChild<QPushButton*>(), Qt::LeftButton);
+}
+
 void tst_PanelForwarding::init()
 {
     AreaFixture::init();
@@ -55,10 +62,12 @@ void tst_PanelForwarding::init()
     m_host->overlayLayout->setContentsMargins(0, 0, 0, 0);
     area().attachShortcutPanel();
     m_host->window.show();
+    area().show();
 }
 
 void tst_PanelForwarding::cleanup()
 {
+    area().hide();
     m_host.reset();
     area().setHandler(nullptr);
     AreaFixture::cleanup();
