@@ -42,7 +42,6 @@ void CPriorityChoice::choose(int priority)
     if (!handler)
         return;
     QRadioButton* const chosen = m_buttons[priority];
-    chosen->update(); // a click paints its button only once it is over, which is after the question
     // Qt goes on with a button after its toggled(): a page that is destroyed meanwhile leaves it behind.
     const auto whenDestroyed =
         connect(chosen->parentWidget(), &QObject::destroyed, chosen, [chosen] { chosen->setParent(nullptr); });

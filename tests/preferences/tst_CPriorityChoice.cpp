@@ -1,7 +1,6 @@
 #include "tests/preferences/PreferencesPage.h"
 #include "tests/support/AreaFixture.h"
 #include "tests/support/ModalScript.h"
-#include "tests/support/PaintCounter.h"
 #include "tests/support/UpperCase.h"
 
 #include <QAccessible>
@@ -33,7 +32,6 @@ private Q_SLOTS:
     void cancelGoesBack_data();
     void cancelGoesBack();
     void cancelGoesBackToWhatTheHostKnows();
-    void choiceIsPaintedUnderTheQuestion();
     void questionLiesOverThePagesParent();
     void textsAreTranslated();
 
@@ -202,23 +200,6 @@ void tst_CPriorityChoice::cancelGoesBackToWhatTheHostKnows()
     shown.priority(2)->click();
     shown.priority(1)->click();
     QVERIFY(shown.priority(2)->isChecked()); // told, though never pushed
-}
-
-void tst_CPriorityChoice::choiceIsPaintedUnderTheQuestion()
-{
-    const PreferencesPage shown;
-    QCoreApplication::processEvents();
-    PaintCounter counter;
-    shown.priority(1)->installEventFilter(&counter);
-    ModalScript script;
-    int paints = 0;
-    script.use([&](QWidget* box) {
-        QCoreApplication::processEvents();
-        paints = counter.paints;
-        box->close();
-    });
-    shown.priority(1)->click();
-    QVERIFY(paints > 0);
 }
 
 void tst_CPriorityChoice::questionLiesOverThePagesParent()
