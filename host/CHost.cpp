@@ -40,7 +40,8 @@ CHost::CHost(const CommandLine& commandLine, std::unique_ptr<IKeychain> keychain
     : m_commandLine(commandLine),
       m_file(commandLine.settings.isEmpty() ? HostPaths::settingsFile() : commandLine.settings),
       m_password(std::move(keychain)),
-      m_catalogues(HostPaths::translationsFolder())
+      m_catalogues(HostPaths::translationsFolder()),
+      m_bPriorityConnectionHidden(commandLine.hidePriorityConnection)
 {
     m_saveTimer.setObjectName(QStringLiteral("SaveTimer"));
     m_saveTimer.setInterval(saveDelayMs);
@@ -125,6 +126,7 @@ void CHost::openWindow()
     m_pWindow->layOut(m_pArea->widget());
     installHandler();
     m_pArea->setSettings(m_settings.record);
+    m_pArea->refreshPreferences();
     m_pWindow->restoreGeometry(m_settings.host.windowGeometry);
     m_pWindow->restoreState(m_settings.host.windowState);
     m_pWindow->setCloseQuery([this] { return queryClose(); });
@@ -172,7 +174,12 @@ void CHost::installHandler()
 {
     CHostHandler::Services services;
     services.shortcutPanelVisible = [this](bool visible) { m_pWindow->setOverlayRaised(visible); };
+    services.connectionPriority = [this](int priority) {
+        m_settings.record.preferences.connectionPriority = priority;
+        remember();
+    };
     services.language = [this](const QLocale& locale) { setLanguage(locale); };
+    services.isPriorityConnectionHidden = [this] { return m_bPriorityConnectionHidden; };
     CProgressDisplay* const progress = m_pWindow->status()->progress();
     services.showProgress = [progress](const QString& text, int durationMs, const QEasingCurve& curve) {
         return progress->start(text, durationMs, curve);
@@ -214,11 +221,16 @@ void CHost::showProject()
 void CHost::setLanguage(const QLocale& locale)
 {
     m_catalogues.setLocale(locale);
+    m_pArea->syncLanguageWithLocale();
     showProject(); // a project without a file has a translated name
     m_settings.host.language = m_catalogues.locale().name();
-    QString error;
-    if (!write(error))
-        qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
+    remember();
+}
+
+void CHost::setPriorityConnectionHidden(bool hidden)
+{
+    m_bPriorityConnectionHidden = hidden;
+    m_pArea->refreshPreferences();
 }
 
 bool CHost::save(QString& error)
@@ -235,6 +247,15 @@ bool CHost::write(QString& error)
     m_settings.host.windowGeometry = m_pWindow->saveGeometry();
     m_settings.host.windowState = m_pWindow->saveState();
     return m_file.save(m_password.forFile(m_settings), error);
+}
+
+// What the user has chosen is kept at once, whatever becomes of the program. The pages are not asked: they are in the
+// middle of their own call.
+void CHost::remember()
+{
+    QString error;
+    if (!write(error))
+        qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
 }
 
 bool CHost::queryClose()

@@ -53,6 +53,10 @@ public:
     // once there is a window.
     void setLanguage(const QLocale& locale);
 
+    // Whether the user may not see how processors are looked for. At first as the command line says. Only once there is
+    // a window.
+    void setPriorityConnectionHidden(bool hidden);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
@@ -74,6 +78,7 @@ private:
     bool saveOrAsk();
     void finish();
     bool write(QString& error);
+    void remember();
 
     const CommandLine m_commandLine;
     SettingsFile m_file;
@@ -90,5 +95,6 @@ private:
     QTimer m_saveTimer{this};
     QTimer m_countTimer;
     QTimer m_closeTimer;
+    bool m_bPriorityConnectionHidden;
     bool m_bClosing = false;
 };

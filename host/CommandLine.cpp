@@ -30,6 +30,8 @@ Options:
   --library DIR      open this type library instead of the one in the settings
   --settings FILE    keep the settings in this file
   --language LOCALE  start in this language: en or zh_CN
+  --hide-priority-connection
+                     do not let the user choose how processors are looked for
   --smtp-ca FILE     trust the authorities in this PEM file as well, when the
                      mail server shows its certificate
   --tour DIR         save a picture of every page and dialog, in every language
@@ -55,11 +57,13 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     const QCommandLineOption smtpCa = valueOption("smtp-ca");
     const QCommandLineOption tour = valueOption("tour");
     const QCommandLineOption tourPass = valueOption("tour-pass"); // what a tour starts its passes with
+    const QCommandLineOption hidePriority(QStringLiteral("hide-priority-connection"));
     const QCommandLineOption showHelp(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption showVersion(QStringList{QStringLiteral("v"), QStringLiteral("version")});
 
     QCommandLineParser parser;
-    parser.addOptions({plugin, library, settings, language, smtpCa, tour, tourPass, showHelp, showVersion});
+    parser.addOptions(
+        {plugin, library, settings, language, smtpCa, tour, tourPass, hidePriority, showHelp, showVersion});
     if (!parser.parse(arguments))
         return refuse(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
@@ -77,6 +81,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     result.smtpCa = absolute(parser.value(smtpCa));
     result.tour = absolute(parser.value(tour));
     result.tourPass = parser.value(tourPass);
+    result.hidePriorityConnection = parser.isSet(hidePriority);
     if (parser.isSet(language) && !Catalogues::speaks(QLocale(result.language)))
         return refuse(QStringLiteral("Unknown language '%1': use en or zh_CN.").arg(result.language));
 

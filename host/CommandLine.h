@@ -28,4 +28,5 @@ struct CommandLine
     QString smtpCa;   // absolute; empty: mail servers need a certificate that the system trusts
     QString tour;     // absolute folder for the pictures
     QString tourPass; // name of the pass
+    bool hidePriorityConnection = false;
 };

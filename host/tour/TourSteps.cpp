@@ -4,6 +4,7 @@
 #include "host/tour/HealthSteps.h"
 #include "host/tour/LibrarySteps.h"
 #include "host/tour/LibraryTree.h"
+#include "host/tour/PreferencesSteps.h"
 #include "host/tour/ShortcutSteps.h"
 #include "host/tour/TourStage.h"
 #include "host/tour/WizardSteps.h"
@@ -139,7 +140,7 @@ std::vector<TourStep> tourSteps()
         {"save-project-question", dialogOf(CMainWindow::NewProject)},
         {"quit-question", quitQuestion},
     };
-    for (const auto& more : {healthSteps(), wizardSteps(), librarySteps(), shortcutSteps()})
+    for (const auto& more : {preferencesSteps(), healthSteps(), wizardSteps(), librarySteps(), shortcutSteps()})
         steps.insert(steps.end(), more.begin(), more.end());
     return steps;
 }

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void theLibraryOfTheCommandLineIsNotRemembered();
     void theLanguageIsSwitchedAndRemembered();
     void theLanguageOfTheCommandLineCounts();
+    void theConnectionPriorityIsRemembered();
+    void theConnectionPriorityCanBeHidden();
     void progressIsShownInTheStatusBar();
     void progressMayOutliveTheWindow();
     void aDamagedFileIsReported();
@@ -104,10 +106,10 @@ QJsonObject tst_CHost::stored(const char* section) const
 void tst_CHost::thePlugInIsCalledInOrder()
 {
     start();
-    QCOMPARE(
-        m_area->calls(),
-        (QStringList{QStringLiteral("init"), QStringLiteral("setHandler"), QStringLiteral("setSettings"),
-                     QStringLiteral("setTypeLibraryPath(%1)").arg(m_commandLine.library), QStringLiteral("shown")}));
+    QCOMPARE(m_area->calls(), (QStringList{QStringLiteral("init"), QStringLiteral("setHandler"),
+                                           QStringLiteral("setSettings"), QStringLiteral("refreshPreferences"),
+                                           QStringLiteral("setTypeLibraryPath(%1)").arg(m_commandLine.library),
+                                           QStringLiteral("shown")}));
     QVERIFY(m_area->scanThread != QThread::currentThread());
     QVERIFY(m_host->window()->isVisible());
     QCOMPARE(m_area->widget()->parentWidget(), m_host->window()->dock());
@@ -154,7 +156,7 @@ void tst_CHost::theMenusReachThePlugIn()
     start();
     for (const auto command : {CMainWindow::HealthSettings, CMainWindow::Preferences, CMainWindow::TypeLibrary})
         m_host->window()->action(command)->trigger();
-    QCOMPARE(m_area->calls().mid(5),
+    QCOMPARE(m_area->calls().mid(6),
              (QStringList{QStringLiteral("setCurrentTab(2)"), QStringLiteral("setCurrentTab(0)"),
                           QStringLiteral("setCurrentTab(1)")}));
 }
@@ -186,7 +188,7 @@ void tst_CHost::aChosenLibraryIsRemembered()
 
     m_commandLine.library.clear();
     restart();
-    QCOMPARE(m_area->calls().at(3), QStringLiteral("setTypeLibraryPath(%1)").arg(chosen));
+    QCOMPARE(m_area->calls().at(4), QStringLiteral("setTypeLibraryPath(%1)").arg(chosen));
 }
 
 void tst_CHost::theLibraryOfTheCommandLineIsNotRemembered()
@@ -210,10 +212,37 @@ void tst_CHost::theLanguageIsSwitchedAndRemembered()
     // At once, and without asking the pages for their values in the middle of their own call.
     QCOMPARE(stored("host").value(QLatin1String("language")), QJsonValue(QStringLiteral("zh_CN")));
     QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings")));
+    QCOMPARE(m_area->calls().last(), QStringLiteral("syncLanguageWithLocale"));
 
     QVERIFY(m_host->window()->close());
     restart();
     QCOMPARE(QLocale().name(), QStringLiteral("zh_CN"));
+}
+
+void tst_CHost::theConnectionPriorityIsRemembered()
+{
+    start();
+    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler());
+    for (const int priority : {1, 2, 0}) {
+        handler->setConnectionPriority(priority);
+        QCOMPARE(stored("preferences").value(QLatin1String("connectionPriority")), QJsonValue(priority));
+    }
+    QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings")));
+}
+
+void tst_CHost::theConnectionPriorityCanBeHidden()
+{
+    m_commandLine.hidePriorityConnection = true;
+    start();
+    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler());
+    QVERIFY(handler->isPriorityConnectionHidden());
+    m_host->setPriorityConnectionHidden(false);
+    QVERIFY(!handler->isPriorityConnectionHidden());
+    QCOMPARE(m_area->calls().count(QStringLiteral("refreshPreferences")), 2);
+
+    m_commandLine.hidePriorityConnection = false;
+    restart();
+    QVERIFY(!std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler())->isPriorityConnectionHidden());
 }
 
 void tst_CHost::theLanguageOfTheCommandLineCounts()
@@ -333,7 +362,7 @@ void tst_CHost::closingDuringAScanWaitsForIt()
     m_area->holdScans();
     m_host = std::make_unique<CHost>(m_commandLine);
     QVERIFY(m_host->start(FakeArea::init, {}));
-    QTRY_COMPARE(m_area->calls().size(), 4); // the worker is in the plug-in
+    QTRY_COMPARE(m_area->calls().size(), 5); // the worker is in the plug-in
     QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
     m_area->settings.monitoring.nRefreshInterval = 43;
     QString error;
@@ -354,7 +383,7 @@ void tst_CHost::closingTwiceDuringAScanEndsAtOnce()
     m_area->holdScans();
     m_host = std::make_unique<CHost>(m_commandLine);
     QVERIFY(m_host->start(FakeArea::init, {}));
-    QTRY_COMPARE(m_area->calls().size(), 4);
+    QTRY_COMPARE(m_area->calls().size(), 5);
     QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
     m_host->window()->close();
     m_host->window()->close();

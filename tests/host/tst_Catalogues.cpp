@@ -44,6 +44,11 @@ QString hostText()
     return QCoreApplication::translate("CMainWindow", "&File");
 }
 
+QString plugInText()
+{
+    return QCoreApplication::translate("CPreferencesSettings", "Show grid");
+}
+
 QString qtText()
 {
     return QCoreApplication::translate("QPlatformTheme", "Cancel");
@@ -77,6 +82,7 @@ void tst_Catalogues::chineseTranslatesHostPlugInAndQt()
     QCOMPARE(catalogues.locale().name(), QStringLiteral("zh_CN"));
     QCOMPARE(QLocale().name(), QStringLiteral("zh_CN"));
     QCOMPARE(hostText(), QStringLiteral("\u6587\u4ef6(&F)"));
+    QCOMPARE(plugInText(), QStringLiteral("\u663e\u793a\u7f51\u683c"));
     QCOMPARE(qtText(), QStringLiteral("\u53d6\u6d88"));
 }
 
@@ -87,6 +93,7 @@ void tst_Catalogues::englishIsTheSource()
     catalogues.setLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
     QCOMPARE(QLocale().name(), QStringLiteral("en_US"));
     QCOMPARE(hostText(), QStringLiteral("&File"));
+    QCOMPARE(plugInText(), QStringLiteral("Show grid"));
     QCOMPARE(qtText(), QStringLiteral("Cancel"));
 }
 

@@ -36,6 +36,7 @@ void tst_CommandLine::nothingOpensTheWindow()
     QCOMPARE(line.action, CommandLine::Action::Open);
     QCOMPARE(line.plugin + line.library + line.settings + line.language + line.smtpCa + line.tour + line.tourPass,
              QString());
+    QVERIFY(!line.hidePriorityConnection);
 }
 
 void tst_CommandLine::everyOptionIsTaken()
@@ -47,6 +48,8 @@ void tst_CommandLine::everyOptionIsTaken()
     QCOMPARE(line.settings, QDir::current().absoluteFilePath(QStringLiteral("s.json")));
     QCOMPARE(line.language, QStringLiteral("zh_CN"));
     QCOMPARE(parse(words("--smtp-ca own.pem")).smtpCa, QDir::current().absoluteFilePath(QStringLiteral("own.pem")));
+
+    QVERIFY(parse(words("--hide-priority-connection")).hidePriorityConnection);
 
     const CommandLine tour = parse(words("--tour pictures"));
     QCOMPARE(tour.action, CommandLine::Action::Tour);
@@ -89,6 +92,7 @@ void tst_CommandLine::nonsenseIsRefused_data()
     row("--plugin", "Missing value after '--plugin'.");
     row("--smtp-ca", "Missing value after '--smtp-ca'.");
     row("--tour=", "Missing value after '--tour'.");
+    row("--hide-priority-connection=1", "Unexpected value after '--hide-priority-connection'.");
     row("--language fr", "Unknown language 'fr': use en or zh_CN.");
     row("--language nonsense", "Unknown language 'nonsense': use en or zh_CN.");
 }
