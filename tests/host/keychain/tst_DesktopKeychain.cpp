@@ -1,9 +1,13 @@
 #include "host/keychain/DesktopKeychain.h"
 #include "tests/host/keychain/FakeWallet.h"
+#include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
 #include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
+#include <QTemporaryDir>
 
 #include <csignal>
 #include <cstdio>
@@ -22,6 +26,7 @@ private Q_SLOTS:
     void withoutAServiceNothingIsKept();
     void whoIsSilentIsNotWaitedForLong_data();
     void whoIsSilentIsNotWaitedForLong();
+    void theProgramKeepsItsPasswordThere();
 };
 
 namespace {
@@ -67,9 +72,12 @@ int serve()
 class Process
 {
 public:
-    Process(const QString& program, const QStringList& arguments, const QString& bus)
+    Process(const QString& program, const QStringList& arguments, const QString& bus,
+            const QMap<QString, QString>& variables = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (auto variable = variables.cbegin(); variable != variables.cend(); ++variable)
+            environment.insert(variable.key(), variable.value());
         environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
         // The desktop whose service is played here.
         environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("KDE"));
@@ -91,6 +99,8 @@ public:
         }
         return QString::fromLocal8Bit(m_process.readLine()).trimmed();
     }
+
+    void terminate() { m_process.terminate(); }
 
     // Goes on living, and says nothing any more.
     void fallSilent() const { ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP); }
@@ -124,6 +134,32 @@ public:
     Self(const QStringList& arguments, const QString& bus)
         : Process(QCoreApplication::applicationFilePath(), arguments, bus)
     {
+    }
+};
+
+// The host, whose standard output takes its log, with its files in the folder.
+class Host : public Process
+{
+public:
+    Host(const QString& folder, const QString& bus)
+        : Process(QStringLiteral("/bin/sh"),
+                  {QStringLiteral("-c"), QStringLiteral("exec \"$0\" 2>&1"),
+                   QCoreApplication::applicationDirPath() + QStringLiteral("/orvel")},
+                  bus,
+                  {{QStringLiteral("XDG_CONFIG_HOME"), folder},
+                   {QStringLiteral("XDG_DATA_HOME"), folder},
+                   {QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("orvel.library=true")}})
+    {
+    }
+
+    // Waits until it has loaded its type library, and ends it.
+    bool saves()
+    {
+        QString said = line();
+        while (!said.isEmpty() && !said.contains(QLatin1String("loaded ")))
+            said = line();
+        terminate();
+        return !said.isEmpty() && hasEnded();
     }
 };
 
@@ -196,6 +232,29 @@ void tst_DesktopKeychain::whoIsSilentIsNotWaitedForLong()
     QCOMPARE(one.line(), nothing);
     QVERIFY(one.hasEnded());
     QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void tst_DesktopKeychain::theProgramKeepsItsPasswordThere()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("orvel/settings.json"));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("orvel")));
+    QVERIFY(writeFile(path, R"({"email": {"password": "first", "smtpServer": "mail.example.com"}})"));
+    Bus bus;
+    const QString address = bus.line();
+    QVERIFY(!address.isEmpty());
+    Self service({QStringLiteral("serve")}, address);
+    QCOMPARE(service.line(), QStringLiteral("here"));
+    for (int run = 0; run < 2; ++run) {
+        QVERIFY(Host(folder.path(), address).saves());
+        const QJsonObject saved = QJsonDocument::fromJson(readFile(path)).object();
+        QCOMPARE(saved.value(QLatin1String("email"))[QLatin1String("password")], QJsonValue(QString()));
+        QCOMPARE(saved.value(QLatin1String("email"))[QLatin1String("smtpServer")],
+                 QJsonValue(QStringLiteral("mail.example.com")));
+        QCOMPARE(saved.value(QLatin1String("host"))[QLatin1String("passwordInKeychain")], QJsonValue(true));
+    }
+    const QString kept = Self(asking(timeoutMs), address).line();
+    QVERIFY2(kept.startsWith(QLatin1String("\"first\" ")), qPrintable(kept));
 }
 
 int main(int argc, char** argv)
