@@ -16,31 +16,35 @@ public:
     bool appear()
     {
         QDBusConnection bus = QDBusConnection::sessionBus();
-        return bus.registerObject(QStringLiteral("/modules/kwalletd5"), this, QDBusConnection::ExportAllSlots) &&
+        return bus.registerObject(QStringLiteral("/modules/kwalletd5"), this, QDBusConnection::ExportAllInvokables) &&
                bus.registerService(QStringLiteral("org.kde.kwalletd5"));
     }
 
-public Q_SLOTS:
-    bool isEnabled() const { return true; }
-    QString networkWallet() const { return QStringLiteral("wallet"); }
-    int open(const QString& /*wallet*/, qlonglong /*window*/, const QString& /*program*/) const { return 1; }
+    Q_INVOKABLE bool isEnabled() const { return true; }
+    Q_INVOKABLE QString networkWallet() const { return QStringLiteral("wallet"); }
+    Q_INVOKABLE int open(const QString& /*wallet*/, qlonglong /*window*/, const QString& /*program*/) const
+    {
+        return 1;
+    }
 
     // 1: a password, 0: nothing.
-    int entryType(int /*handle*/, const QString& folder, const QString& key, const QString& /*program*/) const
+    Q_INVOKABLE int entryType(int /*handle*/, const QString& folder, const QString& key,
+                              const QString& /*program*/) const
     {
         return m_entries.contains({folder, key}) ? 1 : 0;
     }
-    QString readPassword(int /*handle*/, const QString& folder, const QString& key, const QString& /*program*/) const
+    Q_INVOKABLE QString readPassword(int /*handle*/, const QString& folder, const QString& key,
+                                     const QString& /*program*/) const
     {
         return m_entries.value({folder, key});
     }
-    int writePassword(int /*handle*/, const QString& folder, const QString& key, const QString& value,
-                      const QString& /*program*/)
+    Q_INVOKABLE int writePassword(int /*handle*/, const QString& folder, const QString& key, const QString& value,
+                                  const QString& /*program*/)
     {
         m_entries.insert({folder, key}, value);
         return 0;
     }
-    int removeEntry(int /*handle*/, const QString& folder, const QString& key, const QString& /*program*/)
+    Q_INVOKABLE int removeEntry(int /*handle*/, const QString& folder, const QString& key, const QString& /*program*/)
     {
         return m_entries.remove({folder, key}) == 1 ? 0 : -3;
     }
