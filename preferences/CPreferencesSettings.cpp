@@ -18,6 +18,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 
+#include <utility>
+
 using namespace PreferenceControl;
 
 namespace {
@@ -87,7 +89,6 @@ void CPreferencesSettings::createControls()
     m_pSnapSpace = new CSpinBox(m_pLayoutOptions);
     m_pSnapSpace->setRange(smallestSpace, largestSpace);
     m_pSnapSpace->setSuffix(QStringLiteral("px"));
-    m_pSnapSpace->setSingleStep(1);
     m_pSnapSpace->setFixedSize(spinBoxSize);
     m_pSpace->setBuddy(m_pSnapSpace);
     m_pShortcuts = new QPushButton(m_pGeneral);
@@ -96,21 +97,14 @@ void CPreferencesSettings::createControls()
 
 void CPreferencesSettings::createRadioButtons()
 {
-    for (int radio = English; radio <= Fahrenheit; ++radio)
-        m_radioButtons[radio] = new QRadioButton(m_pGeneral);
+    for (int radio = English; radio <= SoftEdge; ++radio)
+        m_radioButtons[radio] = new QRadioButton(radio < AdvancedSoftEdge ? m_pGeneral : m_pModules);
     for (int radio = UsbPrimary; radio <= DesignatedAddress; ++radio)
         m_tips[radio] = new CTipIcon(m_pGeneral);
-    for (int radio = AdvancedSoftEdge; radio <= SoftEdge; ++radio) {
-        m_radioButtons[radio] = new QRadioButton(m_pModules);
-        m_radioButtons[radio]->setEnabled(false); // as long as their check box is not checked
-    }
-    const QVector<QVector<int>> choices{{English, Chinese},
-                                        {UsbPrimary, UsbAndLan, DesignatedAddress},
-                                        {Celsius, Fahrenheit},
-                                        {AdvancedSoftEdge, SoftEdge}};
-    for (const QVector<int>& choice : choices) {
+    for (const auto& [first, last] : {std::pair(English, Chinese), std::pair(UsbPrimary, DesignatedAddress),
+                                      std::pair(Celsius, Fahrenheit), std::pair(AdvancedSoftEdge, SoftEdge)}) {
         auto* const group = new QButtonGroup(this);
-        for (const int radio : choice)
+        for (int radio = first; radio <= last; ++radio)
             group->addButton(m_radioButtons[radio]);
     }
     m_pPriority = new CPriorityChoice(
@@ -220,8 +214,10 @@ void CPreferencesSettings::connectControls()
     };
     connectLanguage(English, {QLocale::English, QLocale::UnitedStates});
     connectLanguage(Chinese, {QLocale::Chinese, QLocale::China});
-    for (const int radio : {AdvancedSoftEdge, SoftEdge})
+    for (const int radio : {AdvancedSoftEdge, SoftEdge}) {
+        m_radioButtons[radio]->setEnabled(false); // as their check box is not checked
         connect(m_checkBoxes[ShowSoftEdgePane], &QCheckBox::toggled, m_radioButtons[radio], &QWidget::setEnabled);
+    }
 }
 
 void CPreferencesSettings::setPreferences(const SSettings& settings)
@@ -259,9 +255,8 @@ void CPreferencesSettings::syncLanguageWithLocale()
 
 void CPreferencesSettings::setControlsEnabled(bool enabled)
 {
-    m_checkBoxes[ShowHealthMonitoringPane]->setEnabled(enabled);
-    for (int radio = UsbPrimary; radio <= DesignatedAddress; ++radio)
-        m_radioButtons[radio]->setEnabled(enabled);
+    for (const int id : {ShowHealthMonitoringPane, UsbPrimary, UsbAndLan, DesignatedAddress})
+        control(id)->setEnabled(enabled);
 }
 
 void CPreferencesSettings::refreshPreferences()
@@ -270,11 +265,10 @@ void CPreferencesSettings::refreshPreferences()
     if (!handler)
         return;
     const bool isShown = !handler->isPriorityConnectionHidden();
-    m_labels[PriorityCaption]->setVisible(isShown);
-    for (int radio = UsbPrimary; radio <= DesignatedAddress; ++radio) {
-        m_radioButtons[radio]->setVisible(isShown);
-        m_tips[radio]->setVisible(isShown);
-    }
+    for (const int id : {PriorityCaption, UsbPrimary, UsbAndLan, DesignatedAddress})
+        control(id)->setVisible(isShown);
+    for (CTipIcon* const tip : qAsConst(m_tips))
+        tip->setVisible(isShown);
 }
 
 void CPreferencesSettings::changeEvent(QEvent* event)
@@ -291,8 +285,8 @@ void CPreferencesSettings::setTexts()
     m_pLayoutOptions->setTitle(tr("Layout options"));
     const auto setTextsOf = [](const auto& controls) {
         for (auto control = controls.cbegin(); control != controls.cend(); ++control) {
-            const char* const text = texts[control.key()];
-            control.value()->setText(control.key() == English ? QString::fromUtf8(text) : tr(text));
+            const int id = control.key();
+            control.value()->setText(id == English ? QString::fromUtf8(texts[id]) : tr(texts[id]));
         }
     };
     setTextsOf(m_checkBoxes);
