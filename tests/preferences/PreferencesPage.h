@@ -40,8 +40,8 @@ constexpr int firstRadioButton = 8;
 constexpr int firstLabel = 17;
 
 constexpr const char* tipTexts[] = {
-    "Detect processors which connected via USB connection only, If there is no processor connected via USB "
-    "connection, then the software will try to detect processor in the LAN.",
+    ("Detect processors which connected via USB connection only, If there is no processor connected via USB "
+     "connection, then the software will try to detect processor in the LAN."),
     "Detect processors which connected via USB or LAN connection.",
     "Detect processors whose IP address has been associated to IP address management in device information tab.",
 };
