@@ -2,11 +2,15 @@
 #include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
+#include <QDir>
 #include <QImage>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdlib>
 
 // The built program, driven from outside.
 class tst_Orvel : public TestObject
@@ -37,6 +41,7 @@ private:
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
     Result run(const QStringList& arguments);
     bool waitForText(QProcess& process, const char* text);
+    void showsTheGuidesPictures();
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QProcessEnvironment m_environment;
@@ -46,6 +51,25 @@ private:
 namespace {
 
 constexpr int timeoutMs = 600'000; // the tour takes hundreds of pictures, under a sanitizer too
+
+// The largest difference between the pictures in places of 16 x 16 pixels, 0 .. 255.
+int difference(const QImage& one, const QImage& other)
+{
+    if (one.isNull() || one.size() != other.size())
+        return 255;
+    const auto blurred = [](const QImage& image) {
+        return image.scaled(image.size() / 16, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage a = blurred(one);
+    const QImage b = blurred(other);
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x)
+            largest = std::max(largest, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+    }
+    return largest;
+}
 
 QString program()
 {
@@ -73,6 +97,20 @@ tst_Orvel::Result tst_Orvel::run(const QStringList& arguments)
         return {-1, {}, process.errorString()};
     return {process.exitCode(), QString::fromLocal8Bit(process.readAllStandardOutput()),
             QString::fromLocal8Bit(process.readAllStandardError())};
+}
+
+// The documents' pictures are the tour's, but for what another version of a font changes.
+void tst_Orvel::showsTheGuidesPictures()
+{
+    const QDir guide(QStringLiteral(GUIDE_PICTURES));
+    const QDir tour(path("tour/en-1x"));
+    const QStringList pictures = guide.entryList(QDir::Files);
+    QVERIFY(pictures.size() > 1);
+    for (const QString& picture : pictures) {
+        const QString taken = tour.entryList({QStringLiteral("[0-9][0-9]-") + picture}).value(0);
+        QVERIFY2(difference(QImage(guide.filePath(picture)), QImage(tour.filePath(taken))) < 12,
+                 qPrintable(picture + QStringLiteral(" is not current: run scripts/update-pictures")));
+    }
 }
 
 // Waits until the process has written the text to its standard error.
@@ -206,6 +244,7 @@ void tst_Orvel::theTourTakesEveryPicture()
         QVERIFY2(QImage(path("tour/en-1x/") + picture) != QImage(path("tour/zh_CN-1x/") + picture),
                  qPrintable(picture));
     }
+    showsTheGuidesPictures();
     // The user's own files are not touched.
     QVERIFY(!QFile::exists(path("config")));
     QVERIFY(!QFile::exists(path("data")));

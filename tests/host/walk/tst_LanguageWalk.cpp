@@ -85,12 +85,13 @@ QStringList differences(const ShownTexts& found, const ShownTexts& wanted)
     return lines;
 }
 
-// What the user or the system wrote: names of types and folders, addresses, paths, and what Qt says of itself.
+// What the user or the system wrote: names of types and folders, addresses, paths, keys, and what Qt says of itself.
 bool isData(const QString& place, const QString& text)
 {
     static const QRegularExpression data(
         QStringLiteral(" cell [0-9]+ of |LineEdit[0-9]+ text$|CStatusBar0/QLabel[0-9]+ tooltip$|"
-                       "CMenuPushButton[0-9]+ (text|accessible description)$|^QMessageBox|^QFileDialog"));
+                       "CMenuPushButton[0-9]+ (text|accessible description)$|CShortcutLabel[0-9]+/QLabel[1-9] text$|"
+                       "^QMessageBox|^QFileDialog"));
     return text == QLatin1String("Orvel") || text == QLatin1String("English") || data.match(place).hasMatch();
 }
 
