@@ -256,12 +256,12 @@ void tst_PanelInWindow::keysLookLikeCaps()
 {
     slideIn();
     const auto caps = panel()->findChildren<QLabel*>(QStringLiteral("Shortcut"));
-    for (const QLabel* cap : caps) {
+    for (QLabel* cap : caps) {
         if (!cap->isVisible())
             continue;
         QCOMPARE(cap->height(), 24);
         QVERIFY(cap->width() >= cap->height());
-        const QImage picture = const_cast<QLabel*>(cap)->grab().toImage();
+        const QImage picture = cap->grab().toImage();
         QCOMPARE(picture.pixelColor(cap->width() / 2, 0), QColor(115, 115, 128));  // edge
         QCOMPARE(picture.pixelColor(3, 10), QColor(57, 57, 64));                   // face
         QCOMPARE(picture.pixelColor(cap->width() / 2, 21), QColor(115, 115, 128)); // side

@@ -42,12 +42,11 @@ inline QString textOf(const CShortcutLabel& row)
 inline QStringList rowsOf(const CShortcutPanel& panel, int page)
 {
     QStringList rows;
-    const QGridLayout* const grid = gridOf(panel, page);
+    QGridLayout* const grid = gridOf(panel, page);
     for (int column = 0; column < grid->columnCount(); ++column) {
         for (int row = 0; row < grid->rowCount(); ++row) {
-            const QLayoutItem* const item = grid->itemAtPosition(row, column);
-            rows.append(item ? textOf(*qobject_cast<CShortcutLabel*>(const_cast<QLayoutItem*>(item)->widget()))
-                             : QStringLiteral("(none)"));
+            QLayoutItem* const item = grid->itemAtPosition(row, column);
+            rows.append(item ? textOf(*qobject_cast<CShortcutLabel*>(item->widget())) : QStringLiteral("(none)"));
         }
     }
     return rows;

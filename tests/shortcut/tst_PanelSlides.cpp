@@ -62,6 +62,7 @@ void tst_PanelSlides::init()
     CSettingArea::instance().setHandler(m_handler);
     m_window = std::make_unique<QWidget>();
     m_window->resize(900, 600);
+    new QPushButton(m_window.get()); // which Qt would give the keyboard to
     m_page = new QPushButton(m_window.get());
     m_overlay = new QWidget(m_window.get());
     m_overlay->resize(900, 600);
@@ -276,9 +277,15 @@ void tst_PanelSlides::keyboardStaysWithThePage()
     m_page->setFocus();
     m_panel->moveIn(); // is in: nothing changes
     QCOMPARE(m_window->focusWidget(), m_page);
+    m_panel->hide();
+    QCOMPARE(m_window->focusWidget(), m_page);
+
+    slideIn();
     m_window->hide(); // the window is, not the panel
     m_window->show();
     QVERIFY(m_panel->isVisible());
+    QCOMPARE(m_window->focusWidget(), tabBar());
+    m_panel->hide();
     QCOMPARE(m_window->focusWidget(), m_page);
 }
 
