@@ -132,8 +132,8 @@ void CMainWindow::setTexts()
     m_pSide->setWindowTitle(tr("Placed types")); // also the text of the action that shows it, up to the next lines
     // Qt names the button once, in the language of that moment.
     auto* const close = m_pSide->findChild<QAbstractButton*>(QStringLiteral("qt_dockwidget_closebutton"));
-    close->setAccessibleName(QDockWidget::tr("Close", "Accessible name for button closing a dock widget"));
-    close->setAccessibleDescription(QDockWidget::tr("Closes the dock widget"));
+    close->setAccessibleName(tr("Close"));
+    close->setAccessibleDescription(tr("Hides the list of placed types."));
     for (auto it = m_actions.constBegin(); it != m_actions.constEnd(); ++it)
         it.value()->setText(text(it.key()));
 }

@@ -142,6 +142,14 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <source>&amp;Remove from layout</source>
         <translation>移出布局(&amp;R)</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Hides the list of placed types.</source>
+        <translation>隐藏已布局箱体类型列表。</translation>
+    </message>
 </context>
 <context>
     <name>CPlacedTypesPanel</name>
