@@ -224,8 +224,8 @@ void tst_CPriorityChoice::textsAreTranslated()
     shown.radio("USB AND LAN")->click();
     QCOMPARE(script.seen().size(), 2);
     QVERIFY(
-        script.seen().first().startsWith(QStringLiteral("Orvel: THE PROJECT HAS NOT BEEN SAVED, WANT TO SAVE IT?")));
-    QCOMPARE(script.seen().last(), QStringLiteral("SAVE PROJECT: *.prj"));
+        script.seen().constFirst().startsWith(QStringLiteral("Orvel: THE PROJECT HAS NOT BEEN SAVED, WANT TO SAVE IT?")));
+    QCOMPARE(script.seen().constLast(), QStringLiteral("SAVE PROJECT: *.prj"));
 }
 
 void tst_CPriorityChoice::handlerReplacedWhileTheQuestionIsOpen()
