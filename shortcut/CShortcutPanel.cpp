@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QStackedLayout>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
