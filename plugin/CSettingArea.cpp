@@ -126,6 +126,7 @@ void CSettingArea::connectPages()
     connect(m_pPreferences, &CPreferencesSettings::notifyFahrenheitClicked, m_pMonitoring,
             &CMonitoringSettings::FahrenheitClicked);
     connect(m_pPreferences, &CPreferencesSettings::notifyShortcutClicked, this, [this] {
+        attachShortcutPanel(); // the window that had the panel may be gone
         if (m_pShortcutPanel)
             m_pShortcutPanel->moveIn();
     });

@@ -23,7 +23,7 @@ class CSettingArea : public QWidget, public ISettingInterface, public CSingleton
 
 public:
     // Looks for the host's overlay, a child named "OverLay" of the central widget of the first main window, and lays
-    // the shortcut panel on it, unless there is a panel already.
+    // the shortcut panel on it, unless there is a panel already. The button that shows the panel does it too.
     void attachShortcutPanel();
 
     void setHandler(IAbstractInterfaceHandler* handler) override;

@@ -14,23 +14,23 @@
     <message>
         <source>The settings could not be saved: %1
 Quit anyway?</source>
-        <translation>设置无法保存：%1
+        <translation>无法保存设置：%1
 仍要退出吗？</translation>
     </message>
     <message>
         <source>The type library %1 was not loaded: %2</source>
-        <translation>类型库 %1 未加载：%2</translation>
+        <translation>无法加载类型库 %1：%2</translation>
     </message>
 </context>
 <context>
     <name>CHostHandler</name>
     <message>
         <source>The project was not saved: %1</source>
-        <translation>工程未保存：%1</translation>
+        <translation>无法保存工程：%1</translation>
     </message>
     <message>
         <source>The type file %1 was not written: %2</source>
-        <translation>箱体类型文件 %1 未写入：%2</translation>
+        <translation>无法写入箱体类型文件 %1：%2</translation>
     </message>
 </context>
 <context>
@@ -396,7 +396,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     </message>
     <message>
         <source>The project %1 was not opened: %2</source>
-        <translation>工程 %1 未打开：%2</translation>
+        <translation>无法打开工程 %1：%2</translation>
     </message>
     <message>
         <source>Save project</source>
@@ -404,7 +404,7 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     </message>
     <message>
         <source>The project %1 was not saved: %2</source>
-        <translation>工程 %1 未保存：%2</translation>
+        <translation>无法保存工程 %1：%2</translation>
     </message>
     <message>
         <source>The project %1 has changes that are not saved. Save them?</source>
@@ -430,11 +430,11 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     <name>SettingsFile</name>
     <message>
         <source>The settings file %1 cannot be used: %2</source>
-        <translation>设置文件 %1 无法使用：%2</translation>
+        <translation>无法使用设置文件 %1：%2</translation>
     </message>
     <message>
         <source>It could not be moved aside: %1</source>
-        <translation>无法将其移开：%1</translation>
+        <translation>无法将该文件移走：%1</translation>
     </message>
     <message>
         <source>It was kept as %1.</source>

@@ -181,11 +181,11 @@
     </message>
     <message>
         <source>0 brightness monitoring</source>
-        <translation>0 亮度监控</translation>
+        <translation>零亮度监控</translation>
     </message>
     <message>
         <source>0 brightness alert</source>
-        <translation>0 亮度告警</translation>
+        <translation>零亮度告警</translation>
     </message>
     <message>
         <source>Temperature monitoring</source>
@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>(Interval range 10s~2h)</source>
-        <translation>(间隔范围 10s~2h)</translation>
+        <translation>（间隔范围：10s~2h）</translation>
     </message>
     <message>
         <source>alert</source>
@@ -535,7 +535,7 @@
     </message>
     <message>
         <source>Show soft edge pane</source>
-        <translation>显示边缘融合面板</translation>
+        <translation>显示修缝面板</translation>
     </message>
     <message>
         <source>Show color adjustment pane</source>
@@ -571,11 +571,11 @@
     </message>
     <message>
         <source>Advanced soft edge(require receiving card support)</source>
-        <translation>高级边缘融合（需要接收卡支持）</translation>
+        <translation>高级修缝（需要接收卡支持）</translation>
     </message>
     <message>
         <source>Soft edge</source>
-        <translation>边缘融合</translation>
+        <translation>修缝</translation>
     </message>
     <message>
         <source>Language options</source>
@@ -637,7 +637,7 @@
     </message>
     <message>
         <source>Import cabinet type file(Suffix rcvbp)</source>
-        <translation>导入箱体类型文件(后缀 rcvbp)</translation>
+        <translation>导入箱体类型文件（后缀 rcvbp）</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -691,11 +691,11 @@
     <name>CProductTreeView</name>
     <message>
         <source>The action cannot be completed because the type (%1) is being used in layout.</source>
-        <translation>类型(%1)正在布局中使用，无法完成此操作。</translation>
+        <translation>类型（%1）正在布局中使用，无法完成此操作。</translation>
     </message>
     <message>
         <source>The action cannot be done because the subdirectory is limited to 3 layers.</source>
-        <translation>子目录最多 3 层，无法执行此操作。</translation>
+        <translation>子目录最多为 3 层，无法执行此操作。</translation>
     </message>
     <message>
         <source>The action cannot be completed because the type is being used in layout.</source>
@@ -703,11 +703,11 @@
     </message>
     <message>
         <source>Are you sure want to delete type group(%1)?</source>
-        <translation>确定要删除类型组(%1)吗？</translation>
+        <translation>确定要删除类型组（%1）吗？</translation>
     </message>
     <message>
         <source>Are you sure want to delete type(%1)?</source>
-        <translation>确定要删除类型(%1)吗？</translation>
+        <translation>确定要删除类型（%1）吗？</translation>
     </message>
     <message>
         <source>New type folder</source>
@@ -767,11 +767,11 @@
     </message>
     <message>
         <source>Duplicated type files:(%1).</source>
-        <translation>重复的类型文件：(%1)。</translation>
+        <translation>以下类型文件重复：%1。</translation>
     </message>
     <message>
         <source>There is already a type file with the same name under this subdirectory(%1).</source>
-        <translation>此子目录下已存在同名的类型文件(%1)。</translation>
+        <translation>此子目录下已存在同名的类型文件（%1）。</translation>
     </message>
 </context>
 <context>
@@ -801,7 +801,7 @@
     </message>
     <message>
         <source>Soft edge</source>
-        <translation>边缘融合</translation>
+        <translation>修缝</translation>
     </message>
     <message>
         <source>Close</source>
@@ -923,7 +923,7 @@
     </message>
     <message>
         <source>Import cabinet type file(Suffix rcvp,rcvbp)(Ctrl+A)</source>
-        <translation>导入箱体类型文件(后缀 rcvp,rcvbp)(Ctrl+A)</translation>
+        <translation>导入箱体类型文件（后缀 rcvp、rcvbp）(Ctrl+A)</translation>
     </message>
     <message>
         <source>Delete all types</source>
@@ -971,7 +971,7 @@
     <message numerus="yes">
         <source>%1 and %n more</source>
         <translation>
-            <numerusform>%1以及另外 %n 个</numerusform>
+            <numerusform>%1 以及另外 %n 个</numerusform>
         </translation>
     </message>
 </context>

@@ -216,6 +216,7 @@ void tst_PreferencesInHost::aProjectThatCannotBeSavedIsReported()
     QVERIFY2(script.seen().value(2).startsWith(QStringLiteral("Orvel: The project was not saved: ")),
              qPrintable(script.seen().join(QLatin1Char('\n'))));
     QVERIFY(m_host->project()->isModified());
+    QCOMPARE(stored("preferences", "connectionPriority"), QJsonValue(1)); // the choice is not the project's
 }
 
 void tst_PreferencesInHost::thePriorityIsHiddenByTheOption()

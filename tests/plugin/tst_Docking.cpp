@@ -6,6 +6,8 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 
+#include <memory>
+
 class tst_Docking : public AreaFixture
 {
     Q_OBJECT
@@ -20,6 +22,7 @@ private Q_SLOTS:
     void closeShortcutPanelTellsTheHost();
     void closeShortcutPanelWhenHiddenTellsNobody();
     void panelComesWithTheNextWindow();
+    void panelOutlastsTheFirstOfTwoWindows();
     void survivesItsParent_data();
     void survivesItsParent();
     void thousandDockings();
@@ -130,6 +133,25 @@ void tst_Docking::panelComesWithTheNextWindow()
     }
     QCOMPARE(area().parentWidget(), nullptr);
     area().closeShortcutPanel();
+}
+
+// The area moves to another window before the one that has the panel goes.
+void tst_Docking::panelOutlastsTheFirstOfTwoWindows()
+{
+    auto* const handler = new FakeHandler;
+    area().setHandler(handler);
+    auto first = std::make_unique<HostWindow>();
+    area().attachShortcutPanel();
+    HostWindow second;
+    area().setParent(second.window.centralWidget());
+    area().attachShortcutPanel();
+    QVERIFY(first->panel());
+    QVERIFY(!second.panel());
+    first.reset();
+    second.window.show();
+    Q_EMIT area().findChild<CPreferencesSettings*>()->notifyShortcutClicked();
+    QTRY_COMPARE(handler->calls(), QStringList({QStringLiteral("notifyShortcutPanelVisible(1)")}));
+    QVERIFY(second.panel()->isVisible());
 }
 
 void tst_Docking::survivesItsParent_data()

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void closeDuringASlide_data();
     void closeDuringASlide();
     void closeTellsTheHostOnce();
+    void closeLetsTheHostDestroyTheOverlay();
     void overlayIsDestroyedDuringTheSlide();
 
 private:
@@ -192,6 +193,33 @@ void tst_PanelForwarding::closeTellsTheHostOnce()
     interface().closeShortcutPanel();
     QVERIFY(!panel()->isVisible());
     QCOMPARE(m_handler->calls(), QStringList({toldShown, toldHidden}));
+}
+
+// The panel is hidden by the time the host is told, and not needed afterwards.
+void tst_PanelForwarding::closeLetsTheHostDestroyTheOverlay()
+{
+    struct Destroyer : FakeHandler
+    {
+        HostWindow* host = nullptr;
+        bool sawPanel = true;
+        void notifyShortcutPanelVisible(bool visible) override
+        {
+            FakeHandler::notifyShortcutPanelVisible(visible);
+            sawPanel = host->panel()->isVisible();
+            if (!visible)
+                delete host->overlay;
+        }
+    };
+    auto* const handler = new Destroyer;
+    handler->host = m_host.get();
+    area().setHandler(handler);
+    pressButton();
+    QTRY_COMPARE(handler->calls(), QStringList{toldShown});
+    QVERIFY(handler->sawPanel);
+    interface().closeShortcutPanel();
+    QVERIFY(!handler->sawPanel);
+    interface().closeShortcutPanel();
+    QCOMPARE(handler->calls(), QStringList({toldShown, toldHidden}));
 }
 
 void tst_PanelForwarding::overlayIsDestroyedDuringTheSlide()

@@ -34,6 +34,26 @@ private:
     std::unique_ptr<UpperCase> m_capitals;
 };
 
+// Notes which widgets are enabled or disabled, in order.
+class EnabledWatcher : public QObject
+{
+public:
+    explicit EnabledWatcher(const QObjectList& widgets)
+    {
+        for (QObject* const widget : widgets)
+            widget->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::EnabledChange)
+            changed.append(watched);
+        return false;
+    }
+
+    QObjectList changed;
+};
+
 } // namespace
 
 // The Preferences tab between the host, which sees the interface, and the user, who sees the controls.
@@ -52,6 +72,7 @@ private Q_SLOTS:
     void controlsAreDisabledOnBothPages();
     void priorityIsHidden();
     void priorityIsTold();
+    void windowDestroyedWhileTheQuestionIsOpen();
     void shortcutButtonSlidesThePanelIn();
     void shortcutButtonWithoutAPanelDoesNothing();
 
@@ -143,13 +164,17 @@ void tst_PreferencesTab::languageSwitchedAllTheTime()
 
 void tst_PreferencesTab::controlsAreDisabledOnBothPages()
 {
+    auto* const newFolder = area().findChild<QToolButton*>(QStringLiteral("NewTypeFolder"));
+    EnabledWatcher watcher({newFolder, radio("USB primary")});
     for (const bool isEnabled : {false, true}) {
+        watcher.changed.clear();
         interface().setControlsEnabled(isEnabled);
+        QCOMPARE(watcher.changed, (QObjectList{radio("USB primary"), newFolder}));
         for (const char* text : {"USB primary", "USB and LAN", "Designated IP address"})
             QCOMPARE(radio(text)->isEnabled(), isEnabled);
         QCOMPARE(withText<QCheckBox>(area(), "Show health monitoring pane")->isEnabled(), isEnabled);
         QVERIFY(withText<QCheckBox>(area(), "Show grid")->isEnabled());
-        QCOMPARE(area().findChild<QToolButton*>(QStringLiteral("NewTypeFolder"))->isEnabled(), isEnabled);
+        QCOMPARE(newFolder->isEnabled(), isEnabled);
     }
 }
 
@@ -183,6 +208,27 @@ void tst_PreferencesTab::priorityIsTold()
     QCOMPARE(m_pHandler->calls(),
              (QStringList{QStringLiteral("isProjectModified()"), QStringLiteral("isProjectModified()"),
                           QStringLiteral("setConnectionPriority(2)")}));
+}
+
+// The area outlives its window, and the answer still counts.
+void tst_PreferencesTab::windowDestroyedWhileTheQuestionIsOpen()
+{
+    m_pHandler->projectModified = true;
+    const QPointer<QWidget> window = new QWidget;
+    area().setParent(window);
+    area().show();
+    window->show();
+    ModalScript script;
+    script.use([&](QWidget* box) {
+        delete window;
+        QTest::mouseClick(qobject_cast<CMessageBox*>(box)->button(CDialog::No), Qt::LeftButton);
+    });
+    radio("USB and LAN")->click();
+    QVERIFY(!window);
+    QVERIFY(!area().parentWidget());
+    QCOMPARE(interface().getSettings()->preferences.connectionPriority, 1);
+    QCOMPARE(m_pHandler->calls(),
+             (QStringList{QStringLiteral("isProjectModified()"), QStringLiteral("setConnectionPriority(1)")}));
 }
 
 void tst_PreferencesTab::shortcutButtonSlidesThePanelIn()

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void pageDestroyedWhileTheQuestionIsOpen();
     void windowDestroyedWhileTheFileIsChosen();
     void pageDestroyedByTheHost();
+    void pageDestroyedLater();
 
 private:
     QStringList calls() const { return m_pHandler->calls(); }
@@ -223,8 +224,8 @@ void tst_CPriorityChoice::textsAreTranslated()
     script.press(CDialog::Yes).choose({});
     shown.radio("USB AND LAN")->click();
     QCOMPARE(script.seen().size(), 2);
-    QVERIFY(
-        script.seen().constFirst().startsWith(QStringLiteral("Orvel: THE PROJECT HAS NOT BEEN SAVED, WANT TO SAVE IT?")));
+    QVERIFY(script.seen().constFirst().startsWith(
+        QStringLiteral("Orvel: THE PROJECT HAS NOT BEEN SAVED, WANT TO SAVE IT?")));
     QCOMPARE(script.seen().constLast(), QStringLiteral("SAVE PROJECT: *.prj"));
 }
 
@@ -344,6 +345,17 @@ void tst_CPriorityChoice::pageDestroyedByTheHost()
     area().setHandler(new Host(shown.window));
     shown.priority(1)->click();
     QVERIFY(!shown.page);
+}
+
+// What was kept alive for a choice goes with the page again.
+void tst_CPriorityChoice::pageDestroyedLater()
+{
+    const PreferencesPage shown;
+    m_pHandler->projectModified = false;
+    const QPointer<QRadioButton> chosen = shown.priority(1);
+    chosen->click();
+    delete shown.page;
+    QVERIFY(!chosen);
 }
 
 SETTINGAREA_TEST_MAIN(tst_CPriorityChoice, QApplication)

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void movingInTwiceTellsTheHostOnce();
     void closingOnTheWayInTurnsBack();
     void withoutHandler();
+    void laterHandlerIsTold();
     void overlayIsResized();
     void overlayIsDestroyed_data();
     void overlayIsDestroyed();
@@ -178,6 +179,17 @@ void tst_PanelSlides::withoutHandler()
     QVERIFY(m_panel->isVisible());
     QTest::mouseClick(closeButton(), Qt::LeftButton);
     QTRY_VERIFY(!m_panel->isVisible());
+}
+
+void tst_PanelSlides::laterHandlerIsTold()
+{
+    m_panel->moveIn();
+    auto* const later = new FakeHandler;
+    CSettingArea::instance().setHandler(later);
+    QTRY_COMPARE(later->calls(), QStringList{toldShown});
+    CSettingArea::instance().setHandler(m_handler = new FakeHandler);
+    QTest::mouseClick(closeButton(), Qt::LeftButton);
+    QTRY_COMPARE(m_handler->calls(), QStringList{toldHidden});
 }
 
 void tst_PanelSlides::overlayIsResized()
