@@ -32,12 +32,14 @@ private Q_SLOTS:
     void pageIsUsableWhileThePanelIsOut();
     void pageIsUsableAboveThePanel();
     void closedByTheHost();
+    void panelComesInTheNextHostsWindow();
     void languageChangesWhileThePanelIsIn();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void keysLookLikeCaps();
 
 private:
+    std::unique_ptr<CHost> startHost() const;
     CMainWindow* window() const { return m_host->window(); }
     QWidget* named(const char* name) const { return window()->findChild<QWidget*>(QLatin1String(name)); }
     QWidget* panel() const { return named("ShortcutPanel"); }
@@ -62,18 +64,24 @@ void tst_PanelInWindow::init()
 {
     TestObject::init();
     m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("types")));
+    m_host = startHost();
+    QTRY_VERIFY(!m_host->loader()->isBusy());
+    m_host->area()->setCurrentTab(0);
+}
+
+std::unique_ptr<CHost> tst_PanelInWindow::startHost() const
+{
     CommandLine commandLine;
     commandLine.settings = m_folder->filePath(QStringLiteral("settings.json"));
     commandLine.library = m_folder->filePath(QStringLiteral("types"));
     commandLine.language = QStringLiteral("en");
-    QVERIFY(QDir().mkpath(commandLine.library));
-    m_host = std::make_unique<CHost>(commandLine);
+    auto host = std::make_unique<CHost>(commandLine);
     QString error;
     PluginLibrary plugin;
-    QVERIFY2(plugin.load(HostPaths::pluginCandidates(), error), qPrintable(error));
-    QVERIFY(m_host->start(plugin.initFunction(), plugin.path()));
-    QTRY_VERIFY(!m_host->loader()->isBusy());
-    m_host->area()->setCurrentTab(0);
+    if (!plugin.load(HostPaths::pluginCandidates(), error) || !host->start(plugin.initFunction(), plugin.path()))
+        qFatal("%s", qPrintable(error));
+    return host;
 }
 
 void tst_PanelInWindow::cleanup()
@@ -183,6 +191,19 @@ void tst_PanelInWindow::closedByTheHost()
     QVERIFY(isOverlayOnTop());
 }
 
+// The next host has its window before the one that has the panel ends.
+void tst_PanelInWindow::panelComesInTheNextHostsWindow()
+{
+    slideIn();
+    m_host = startHost();
+    QTRY_VERIFY(!m_host->loader()->isBusy());
+    QVERIFY(!panel());
+    slideIn();
+    QVERIFY(isOverlayOnTop());
+    m_host->area()->closeShortcutPanel();
+    QVERIFY(!isOverlayOnTop());
+}
+
 void tst_PanelInWindow::languageChangesWhileThePanelIsIn()
 {
     slideIn();
@@ -201,6 +222,7 @@ void tst_PanelInWindow::languageChangesWhileThePanelIsIn()
 
     handler()->setLanguage(QLocale(QStringLiteral("zh_CN")));
     QTRY_COMPARE(panelTabs()->tabText(0), QString::fromUtf8("布局"));
+    QCOMPARE(panelTabs()->tabText(1), QString::fromUtf8("修缝"));
     const auto chinese = texts();
     for (int i = 0; i < 20; ++i)
         QVERIFY2(chinese.first.at(i) != english.first.at(i), qPrintable(english.first.at(i)));

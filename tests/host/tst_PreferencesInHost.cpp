@@ -32,6 +32,7 @@ private Q_SLOTS:
     void thePriorityIsRemembered();
     void theProjectIsSavedFirst();
     void aProjectThatCannotBeSavedIsReported();
+    void theHostEndsWhileTheQuestionIsOpen();
     void thePriorityIsHiddenByTheOption();
 
 private:
@@ -217,6 +218,29 @@ void tst_PreferencesInHost::aProjectThatCannotBeSavedIsReported()
              qPrintable(script.seen().join(QLatin1Char('\n'))));
     QVERIFY(m_host->project()->isModified());
     QCOMPARE(stored("preferences", "connectionPriority"), QJsonValue(1)); // the choice is not the project's
+}
+
+// The answer finds neither a window nor a project, and the next host starts from what was stored.
+void tst_PreferencesInHost::theHostEndsWhileTheQuestionIsOpen()
+{
+    for (const auto answer : {CDialog::Yes, CDialog::No}) {
+        CommandLine english;
+        english.language = QStringLiteral("en");
+        start(english);
+        QVERIFY(radio("USB primary")->isChecked());
+        QVERIFY(m_host->project()->place(digest('a'), QStringLiteral("P4")));
+        ModalScript script;
+        script.use([this, answer](QWidget* box) {
+            m_host.reset();
+            QTest::mouseClick(qobject_cast<CMessageBox*>(box)->button(answer), Qt::LeftButton);
+        });
+        if (answer == CDialog::Yes)
+            script.choose(path("late.prj"));
+        radio("USB and LAN")->click();
+        QVERIFY(script.isDone());
+        QVERIFY(!QFile::exists(path("late.prj")));
+        QCOMPARE(stored("preferences", "connectionPriority").toInt(), 0);
+    }
 }
 
 void tst_PreferencesInHost::thePriorityIsHiddenByTheOption()
