@@ -113,6 +113,7 @@ void CTargetMailboxes::edit(int row)
         return;
     m_recipients.replace(entry.row(), *entered);
     m_pTable->setRecipient(entry.row(), *entered);
+    describeKeys();
 }
 
 void CTargetMailboxes::remove(int row)
@@ -125,6 +126,7 @@ void CTargetMailboxes::remove(int row)
     const int removed = entry.row();
     m_recipients.removeAt(removed);
     m_pTable->removeRow(removed);
+    describeKeys(); // the selection has told of a row that is another by now
     Q_EMIT notifyRecipientsChanged();
 }
 

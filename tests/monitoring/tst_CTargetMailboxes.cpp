@@ -80,6 +80,7 @@ private Q_SLOTS:
     void destroyedBehindADialog();
     void keys();
     void keysOfAnEmptyTable();
+    void selectedRecipientIsDescribed();
     void looks();
     void followsTheLanguage();
 };
@@ -287,6 +288,30 @@ void tst_CTargetMailboxes::keysOfAnEmptyTable()
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_F2, Qt::Key_Delete})
         QTest::keyClick(shown.add(), key);
     QCOMPARE(shown.table()->currentRow(), -1);
+}
+
+void tst_CTargetMailboxes::selectedRecipientIsDescribed()
+{
+    const Mailboxes shown;
+    const auto described = [&shown] {
+        const QString description = shown.add()->accessibleDescription();
+        return description.startsWith(QStringLiteral("Up and Down")) ? QString() : description.section(u':', 0, 0);
+    };
+    ModalScript script;
+    script.use(entering("Modify", "Bo", "bo@host.com")).press(CDialog::Yes).press(CDialog::Yes);
+    QCOMPARE(described(), QString());
+    shown.table()->selectRow(1);
+    QCOMPARE(described(), QStringLiteral("bob@host.com"));
+    QTest::keyClick(shown.add(), Qt::Key_F2);
+    QCOMPARE(described(), QStringLiteral("bo@host.com"));
+    QTest::keyClick(shown.add(), Qt::Key_Delete);
+    QCOMPARE(shown.table()->currentRow(), 1); // the one below has moved up
+    QCOMPARE(described(), QStringLiteral("cay@host.com"));
+    QTest::keyClick(shown.add(), Qt::Key_Delete);
+    QCOMPARE(described(), QStringLiteral("ann@host.com"));
+    shown.mailboxes->setRecipients(three());
+    QCOMPARE(shown.table()->currentRow(), -1);
+    QCOMPARE(described(), QString());
 }
 
 void tst_CTargetMailboxes::looks()
