@@ -150,5 +150,5 @@ void CEmailEditDlg::setTexts()
     m_pName->setAccessibleName(m_pNameLabel->text());
     m_pAddress->setAccessibleName(m_pAddressLabel->text());
     if (m_pAddress->isWarningShown())
-        warn(problem());
+        checkAddress(); // in the new language, and against the list as it is now
 }

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void tabOrder();
     void labelsFit();
     void followsTheLanguage();
+    void languageAfterTheListChanged();
 };
 
 void tst_CEmailEditDlg::newRecipient()
@@ -248,6 +249,18 @@ void tst_CEmailEditDlg::accepts()
     type(nameless.address(), QStringLiteral("eve@host.com"));
     QTest::mouseClick(nameless.ok(), Qt::LeftButton);
     QCOMPARE(texts({nameless.dialog->recipient()}), QStringList({QStringLiteral(" <eve@host.com>")}));
+}
+
+void tst_CEmailEditDlg::languageAfterTheListChanged()
+{
+    Dialog one;
+    type(one.address(), QStringLiteral("ann@host.com"));
+    QCOMPARE(one.warning(), QLatin1String(duplicate));
+    one.list.clear();
+    const CWarningTipLineEdit* const address = one.address();
+    const UpperCase language;
+    QVERIFY(!address->isWarningShown());
+    QVERIFY(one.ok()->isEnabled());
 }
 
 void tst_CEmailEditDlg::refusesABadAddress()
