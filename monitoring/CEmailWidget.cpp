@@ -133,6 +133,7 @@ void CEmailWidget::layOut()
     list->addLayout(band);
     list->addWidget(m_pTest, 0, Qt::AlignLeft);
     addCustomLayout(list);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum); // or the arrow's stretches would fill a tall page
 }
 
 QLayout* CEmailWidget::layOutAccount()

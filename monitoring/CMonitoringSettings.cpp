@@ -39,6 +39,7 @@ constexpr int groupSpacing = 12;
 constexpr int sectionSpacing = 8;
 constexpr int rowSpacing = 8;
 constexpr int listSpacing = 4;
+constexpr int checkBoxSpacing = 6; // in lists of nothing else
 constexpr int voltageSpacing = 35; // between check box and limits
 constexpr int receiverVoltageSpacing = 30;
 
@@ -204,6 +205,7 @@ void CMonitoringSettings::layOutReceiver()
 QLayout* CMonitoringSettings::listOf(std::initializer_list<int> items)
 {
     QBoxLayout* const list = newList();
+    list->setSpacing(checkBoxSpacing); // not that of the layout around it, which differs
     for (const int item : items)
         list->addWidget(m_checkBoxes[item]);
     return list;

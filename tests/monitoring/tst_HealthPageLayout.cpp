@@ -23,6 +23,7 @@ class tst_HealthPageLayout : public TestObject
 
 private Q_SLOTS:
     void groups();
+    void tallPage();
     void general();
     void processor();
     void receiverSections();
@@ -81,8 +82,24 @@ void tst_HealthPageLayout::processor()
         QVERIFY(box.top() > bottom);
         bottom = box.bottom();
     }
+    QCOMPARE(bottom - shown.place(shown.box(2)).bottom(), shown.box(3)->height() + 6);
+    // Four pixels further below the title than the row of the first group, which has no margin there.
+    const int firstTop = shown.place(shown.box(0)).top() - shown.place(title).top();
+    const QLabel* const general = shown.labels("General settings").first();
+    QCOMPARE(firstTop - (shown.place(shown.interval()).top() - shown.place(general).top()), 4);
     const QWidget* const group = title->parentWidget();
     QCOMPARE(shown.place(group).bottom() - bottom, 4 + group->layout()->contentsMargins().bottom());
+}
+
+void tst_HealthPageLayout::tallPage()
+{
+    HealthPage shown(watching(true));
+    shown.page.resize(1000, 3000);
+    settled(shown);
+    const auto groups = shown.page.widget()->findChildren<CCustomGroupBox*>(QString(), Qt::FindDirectChildrenOnly);
+    for (const CCustomGroupBox* group : groups)
+        QCOMPARE(group->height(), group->sizeHint().height());
+    QVERIFY(groups.last()->geometry().bottom() < shown.page.widget()->height() / 2);
 }
 
 // From top to bottom: headings, what is below each, and the lines between them.
@@ -117,6 +134,8 @@ void tst_HealthPageLayout::receiverSections()
         QCOMPARE(place.left() - left, qobject_cast<const QCheckBox*>(widget) ? 16 : 0);
         bottom = place.bottom();
     }
+    for (const int item : {9, 10, 11})
+        QCOMPARE(shown.place(shown.box(item)).top() - shown.place(shown.box(item - 1)).bottom() - 1, 6);
     for (const int item : {5, 7, 13, 14, 15}) {
         const int above = item == 7 ? 5 : item - 1;
         QCOMPARE(shown.place(shown.box(item)).top() - shown.place(shown.box(above)).bottom() - 1, 4);
@@ -153,6 +172,7 @@ void tst_HealthPageLayout::voltages()
         QCOMPARE(upper.left() - tilde.right() - 1, spacing);
         QCOMPARE(gap - spacing, range == 3 ? 30 : 35);
         QCOMPARE(lower.center().y(), box.center().y());
+        QCOMPARE(box.width(), shown.box(voltageItem + range)->sizeHint().width()); // the row keeps to the left
     }
 }
 
