@@ -183,7 +183,7 @@ void CEmailWidget::setSettings(const SEmailSettings& settings)
     m_checkBoxes[RecoveryNotice]->setChecked(settings.bRecoveryNotice);
     m_pSender->setText(settings.strSenderAddress);
     checkSender();
-    m_pPassword->setText(settings.strPassword);
+    m_pPassword->setPassword(settings.strPassword);
     m_pServer->setText(settings.strSmtpServer);
     m_checkBoxes[Ssl]->setChecked(settings.bSsl);
     m_pPort->setText(QString::number(settings.nPort));

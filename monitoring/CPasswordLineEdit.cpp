@@ -10,6 +10,16 @@ CPasswordLineEdit::CPasswordLineEdit(QWidget* parent)
     setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[A-Za-z0-9]*")), this));
 }
 
+void CPasswordLineEdit::setPassword(const QString& password)
+{
+    if (password == text())
+        return;
+    setEchoMode(Password); // ends the editing
+    setEchoMode(PasswordEchoOnEdit);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setText(password);
+}
+
 void CPasswordLineEdit::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);

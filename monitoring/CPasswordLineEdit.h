@@ -11,6 +11,10 @@ class CPasswordLineEdit : public QLineEdit
 public:
     explicit CPasswordLineEdit(QWidget* parent = nullptr);
 
+    // Shows a password that nobody types here, masked even while the user is typing another. The one that is shown
+    // already disturbs nobody.
+    void setPassword(const QString& password);
+
 protected:
     void focusOutEvent(QFocusEvent* event) override;
 };

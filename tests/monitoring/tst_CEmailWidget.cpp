@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QIntValidator>
+#include <QLayout>
 #include <QRegularExpressionValidator>
 
 #include <limits>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void charactersOfThePort();
     void noInputMethods();
     void showsTheRecord();
+    void pushedPasswordIsMasked();
     void givesTheRecordBack();
     void readsTheEditsAsTheyStand();
     void alertCountIsClamped_data();
@@ -156,6 +158,15 @@ void tst_CEmailWidget::showsTheRecord()
     QVERIFY(!shown.test()->isEnabled());
 }
 
+void tst_CEmailWidget::pushedPasswordIsMasked()
+{
+    const EmailGroup shown;
+    type(shown.password(), QStringLiteral("Typed1"));
+    shown.group->setSettings(validSettings());
+    QCOMPARE(shown.password()->text(), QStringLiteral("Secret42"));
+    QVERIFY(!shown.password()->displayText().contains(QLatin1Char('S')));
+}
+
 void tst_CEmailWidget::givesTheRecordBack()
 {
     const EmailGroup shown(validSettings());
@@ -266,6 +277,15 @@ void tst_CEmailWidget::arrangement()
     const QRect count = place(shown, shown.count());
     QCOMPARE(count.left() - sendIf.right() - 1, 8);
     QCOMPARE(detected.left() - count.right() - 1, 8);
+
+    // Margins of 4 above and below.
+    shown.group->resize(1000, shown.group->sizeHint().height());
+    QCoreApplication::processEvents();
+    const QLayout* const layout = shown.group->layout();
+    const auto* const title = shown.group->findChild<QLabel*>(QStringLiteral("GroupTitle"));
+    QCOMPARE(place(shown, column.first()).top() - place(shown, title).bottom() - 1, layout->spacing() + 4);
+    QCOMPARE(shown.group->rect().bottom() - place(shown, shown.test()).bottom(),
+             layout->contentsMargins().bottom() + 4);
 
     // From the sender by the arrow to the targets.
     const QRect arrow = place(shown, shown.group->findChild<CSendMailArrow*>());

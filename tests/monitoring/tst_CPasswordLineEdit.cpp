@@ -12,6 +12,7 @@ class tst_CPasswordLineEdit : public TestObject
 private Q_SLOTS:
     void masksOutsideOfEditing();
     void noInputMethods();
+    void masksWhatNobodyTyped();
     void takesLettersAndDigitsOnly();
 };
 
@@ -42,6 +43,23 @@ void tst_CPasswordLineEdit::noInputMethods()
         QCoreApplication::sendEvent(&edit, &leaving);
         QVERIFY(!edit.testAttribute(Qt::WA_InputMethodEnabled));
     }
+}
+
+void tst_CPasswordLineEdit::masksWhatNobodyTyped()
+{
+    CPasswordLineEdit edit;
+    QTest::keyClicks(&edit, QStringLiteral("New1"));
+    edit.setPassword(QStringLiteral("New1"));
+    QTest::keyClicks(&edit, QStringLiteral("2"));
+    QCOMPARE(edit.displayText(), QStringLiteral("New12")); // the user goes on
+    edit.setPassword(QStringLiteral("Secret"));
+    QCOMPARE(edit.text(), QStringLiteral("Secret"));
+    QCOMPARE(edit.displayText().size(), 6);
+    QVERIFY(!edit.displayText().contains(QLatin1Char('S')));
+    QCOMPARE(edit.echoMode(), QLineEdit::PasswordEchoOnEdit);
+    QVERIFY(!edit.testAttribute(Qt::WA_InputMethodEnabled));
+    QTest::keyClicks(&edit, QStringLiteral("a"));
+    QCOMPARE(edit.displayText(), QStringLiteral("a"));
 }
 
 void tst_CPasswordLineEdit::takesLettersAndDigitsOnly()
