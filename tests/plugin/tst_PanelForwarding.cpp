@@ -193,6 +193,14 @@ void tst_PanelForwarding::closeTellsTheHostOnce()
     interface().closeShortcutPanel();
     QVERIFY(!panel()->isVisible());
     QCOMPARE(m_handler->calls(), QStringList({toldShown, toldHidden}));
+
+    pressButton();
+    QTRY_COMPARE(m_handler->calls(), QStringList({toldShown, toldHidden, toldShown}));
+    m_host->window.hide(); // the panel is not visible either, and stays in
+    interface().closeShortcutPanel();
+    QCOMPARE(m_handler->calls(), QStringList({toldShown, toldHidden, toldShown}));
+    m_host->window.show();
+    QVERIFY(panel()->isVisible());
 }
 
 // The panel is hidden by the time the host is told, and not needed afterwards.

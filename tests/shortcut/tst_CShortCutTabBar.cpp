@@ -17,6 +17,7 @@ private Q_SLOTS:
     void tabsAreSwitched();
     void outline_data();
     void outline();
+    void outlineLiesOverTheTabs();
     void curves_data();
     void curves();
     void noTabs();
@@ -212,6 +213,24 @@ void tst_CShortCutTabBar::outline()
     VERIFY_NO_FAULT(picture.blank(QRect(QPoint(0, 0), QPoint(width, 0))));
     VERIFY_NO_FAULT(picture.blank(QRect(QPoint(0, 0), QPoint(left - 1, bottom - 3))));
     VERIFY_NO_FAULT(picture.blank(QRect(QPoint(right + 2, 0), QPoint(width, bottom - 3))));
+}
+
+void tst_CShortCutTabBar::outlineLiesOverTheTabs()
+{
+    Bar b;
+    b.bar.setStyleSheet(QStringLiteral("QTabBar::tab{background:rgb(0,0,200);color:rgb(0,200,0);border:none;}"));
+    const QImage image = b.picture(1);
+    const QRect tab = b.bar.tabRect(0);
+    const auto colorAt = [&image](int x, int y) { return QColor(image.pixel(x, y)); };
+    QCOMPARE(colorAt(tab.left() + 6, 10), QColor(0, 0, 200));
+    QCOMPARE(colorAt(b.bar.tabRect(1).left() + 6, 10), QColor(0, 0, 200));
+    // Two fifths of the line over the tab.
+    QCOMPARE(colorAt(tab.left() + 2, 18), QColor(46, 46, 171));
+    QCOMPARE(colorAt(tab.center().x(), 1), QColor(46, 46, 171));
+    bool hasText = false;
+    for (int x = tab.left() + 10; x < tab.right() - 10; ++x)
+        hasText = hasText || colorAt(x, tab.center().y()).green() > 100;
+    QVERIFY(hasText);
 }
 
 void tst_CShortCutTabBar::curves_data()
