@@ -328,6 +328,14 @@ void tst_CMonitoringSettings::wheelScrollsThePage()
     QCoreApplication::sendEvent(shown.interval(), &wheel);
     QCOMPARE(shown.interval()->time(), QTime(0, 0, 10));
     QVERIFY(!wheel.isAccepted()); // so that it goes on to the page
+
+    QApplication::setActiveWindow(&shown.page);
+    shown.interval()->setFocus();
+    QVERIFY(shown.interval()->hasFocus());
+    shown.interval()->setTime(QTime(1, 1));
+    shown.interval()->setCurrentSection(QDateTimeEdit::MinuteSection);
+    QCoreApplication::sendEvent(shown.interval(), &wheel);
+    QCOMPARE(shown.interval()->time(), QTime(1, 0));
 }
 
 void tst_CMonitoringSettings::followsTheLanguage()
