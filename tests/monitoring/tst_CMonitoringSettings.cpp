@@ -48,7 +48,7 @@ void tst_CMonitoringSettings::asConstructed()
     for (const char* text : {"Refresh interval", "(Interval range 10s~2h)", "Receiver", "Cable error",
                              "Power supply monitoring", "Voltage monitoring"}) {
         QCOMPARE(shown.labels(text).size(), 1);
-        QVERIFY(shown.labels(text).first()->isVisible());
+        QVERIFY(shown.labels(text).value(0)->isVisible());
     }
     QCOMPARE(shown.labels("alert").size(), 2);
     QCOMPARE(shown.labels("~").size(), 4);

@@ -58,23 +58,23 @@ void tst_HealthPageLayout::general()
 {
     HealthPage shown;
     settled(shown);
-    const QRect label = shown.place(shown.labels("Refresh interval").first());
+    const QRect label = shown.place(shown.labels("Refresh interval").value(0));
     const QRect edit = shown.place(shown.interval());
-    const QRect range = shown.place(shown.labels("(Interval range 10s~2h)").first());
-    const QRect title = shown.place(shown.labels("General settings").first());
+    const QRect range = shown.place(shown.labels("(Interval range 10s~2h)").value(0));
+    const QRect title = shown.place(shown.labels("General settings").value(0));
     QCOMPARE(label.left() - title.left(), 16);
     QCOMPARE(edit.left() - label.right() - 1, 8);
     QCOMPARE(range.left() - edit.right() - 1, 8);
     QVERIFY(std::abs(label.center().y() - edit.center().y()) <= 1);
     QVERIFY(std::abs(range.center().y() - edit.center().y()) <= 1);
-    QCOMPARE(shown.labels("Refresh interval").first()->buddy(), shown.interval());
+    QCOMPARE(shown.labels("Refresh interval").value(0)->buddy(), shown.interval());
 }
 
 void tst_HealthPageLayout::processor()
 {
     HealthPage shown;
     settled(shown);
-    const QLabel* const title = shown.labels("Processor settings").first();
+    const QLabel* const title = shown.labels("Processor settings").value(0);
     int bottom = shown.place(title).bottom();
     for (int item = 0; item < 4; ++item) {
         const QRect box = shown.place(shown.box(item));
@@ -85,7 +85,7 @@ void tst_HealthPageLayout::processor()
     QCOMPARE(bottom - shown.place(shown.box(2)).bottom(), shown.box(3)->height() + 6);
     // Four pixels further below the title than the row of the first group, which has no margin there.
     const int firstTop = shown.place(shown.box(0)).top() - shown.place(title).top();
-    const QLabel* const general = shown.labels("General settings").first();
+    const QLabel* const general = shown.labels("General settings").value(0);
     QCOMPARE(firstTop - (shown.place(shown.interval()).top() - shown.place(general).top()), 4);
     const QWidget* const group = title->parentWidget();
     QCOMPARE(shown.place(group).bottom() - bottom, 4 + group->layout()->contentsMargins().bottom());
@@ -107,7 +107,7 @@ void tst_HealthPageLayout::receiverSections()
 {
     HealthPage shown(watching(true));
     settled(shown);
-    const QLabel* const title = shown.labels("Receiver settings").first();
+    const QLabel* const title = shown.labels("Receiver settings").value(0);
     const auto separators = title->parentWidget()->findChildren<CSeparator*>();
     QCOMPARE(separators.size(), 3);
     for (const CSeparator* separator : separators) {
@@ -115,7 +115,7 @@ void tst_HealthPageLayout::receiverSections()
         QCOMPARE(separator->contentsMargins(), QMargins());
     }
     const auto heading = [&](const char* text) -> QWidget* {
-        QLabel* const label = shown.labels(text).first();
+        QLabel* const label = shown.labels(text).value(0);
         return label->objectName() == QLatin1String("Highlight") ? label : nullptr;
     };
     const QWidgetList expected{heading("Cable error"), shown.box(6),     separators.at(0),
