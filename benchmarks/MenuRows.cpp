@@ -36,7 +36,8 @@ std::vector<Measurement> measureWizardMenu(const BenchOptions& options)
         return secondsOf([&] {
             CParameterFileMenu menu(std::move(tree));
             open(&menu);
-            for (const QAction* const entry : menu.actions()) {
+            const QList<QAction*> entries = menu.actions();
+            for (const QAction* const entry : entries) {
                 if (QMenu* const part = entry->menu()) {
                     open(part);
                     break;

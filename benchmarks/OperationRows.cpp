@@ -53,9 +53,9 @@ public:
             qFatal("%s", qPrintable(m_folder.errorString()));
         copy(m_source, library());
         CTypeLibrary::instance().setRootPath(library());
-        view.setRootPath(library());
-        view.resize(1000, 700);
-        view.show();
+        m_view.setRootPath(library());
+        m_view.resize(1000, 700);
+        m_view.show();
         processEventsFor(settleTime);
     }
 
@@ -70,7 +70,7 @@ public:
     }
 
     // Removes a file or folder of the library, and all that is known about it.
-    void forgetAndRemove(const QString& path) const
+    static void forgetAndRemove(const QString& path)
     {
         const QStringList types = QFileInfo(path).isDir() ? typesIn(path) : QStringList{path};
         for (const QString& type : types)
@@ -99,11 +99,12 @@ public:
         processEventsFor(settleTime);
     }
 
-    CProductTreeView view;
+    CProductTreeView& view() { return m_view; }
 
 private:
     const QString m_source; // made before the folder beside it
     const QTemporaryDir m_folder;
+    CProductTreeView m_view;
 };
 
 bool isKnown(const QString& type)
@@ -130,11 +131,11 @@ std::vector<Measurement> measureImportFiles(const BenchOptions& options)
     Measurement line(QStringLiteral("import 2,000 files, beside cp and md5sum"), Measurement::Ratio, 2);
     const auto import = [&] {
         const double seconds =
-            shop.secondsOf([&] { shop.view.importCabinetFiles(); }, files, [&] { return isKnown(files.last()); });
+            shop.secondsOf([&] { shop.view().importCabinetFiles(); }, files, [&] { return isKnown(files.last()); });
         for (const QString& file : files) {
             const QString imported = shop.library() + QLatin1Char('/') + QFileInfo(file).fileName();
             expect(QFileInfo::exists(imported), "Not all files were imported");
-            shop.forgetAndRemove(imported);
+            Workshop::forgetAndRemove(imported);
         }
         Workshop::settle();
         return seconds;
@@ -167,10 +168,10 @@ std::vector<Measurement> measureImportFolder(const BenchOptions& options)
                      2.5);
     const auto import = [&] {
         const double seconds =
-            shop.secondsOf([&] { shop.view.importAsFolder(); }, {source}, [&] { return isKnown(added.last()); });
+            shop.secondsOf([&] { shop.view().importAsFolder(); }, {source}, [&] { return isKnown(added.last()); });
         const QString imported = shop.library() + QStringLiteral("/source");
         expect(typesIn(imported).size() == added.size(), "The import did not keep what is new");
-        shop.forgetAndRemove(imported);
+        Workshop::forgetAndRemove(imported);
         Workshop::settle();
         return seconds;
     };
@@ -193,7 +194,7 @@ std::vector<Measurement> measureExportAll(const BenchOptions& options)
     Measurement line(QStringLiteral("export all of 10,000 files, beside cp -r"), Measurement::Ratio, 1.5);
     const auto exportAll = [&] {
         QDir().mkpath(target);
-        const double seconds = shop.secondsOf([&] { shop.view.exportAll(); }, {target}, [] { return true; });
+        const double seconds = shop.secondsOf([&] { shop.view().exportAll(); }, {target}, [] { return true; });
         expect(typesIn(target).size() == options.types(10'000), "Not all files were exported");
         QDir(target).removeRecursively();
         return seconds;
@@ -212,7 +213,7 @@ std::vector<Measurement> measureDeleteGroup(const BenchOptions& options)
 {
     Workshop shop(options);
     const QString source = newTypes(options, 2'000).path(options.files) + QStringLiteral("/Group 000");
-    const QString type = typesIn(source).first();
+    const QString type = typesIn(source).value(0);
     const QString group = shop.library() + QStringLiteral("/Deleted");
     const Peer removal({"rm", "-r", encoded(shop.beside("peer"))}, shop.library());
 
@@ -220,9 +221,9 @@ std::vector<Measurement> measureDeleteGroup(const BenchOptions& options)
     const auto deleteGroup = [&] {
         shop.copy(source, group);
         Workshop::settle();
-        const auto* const model = qobject_cast<QFileSystemModel*>(shop.view.model());
+        const auto* const model = qobject_cast<QFileSystemModel*>(shop.view().model());
         const double seconds =
-            shop.secondsOf([&] { shop.view.deleteIndex(model->index(group)); }, {}, [&] { return !isKnown(type); });
+            shop.secondsOf([&] { shop.view().deleteIndex(model->index(group)); }, {}, [&] { return !isKnown(type); });
         expect(!QFileInfo::exists(group), "The group was not deleted");
         return seconds;
     };

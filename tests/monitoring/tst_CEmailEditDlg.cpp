@@ -10,6 +10,8 @@
 #include <QRegularExpressionValidator>
 #include <QSignalSpy>
 
+#include <string>
+
 namespace {
 
 const char* const wrongFormat = "Email format is incorrect, please re-enter.";
@@ -140,8 +142,8 @@ void tst_CEmailEditDlg::okFollowsTheAddress()
     const Dialog one;
     QStringList valid;
     one.address()->selectAll();
-    for (const QChar character : QStringLiteral("eve@host.com.cn")) {
-        QTest::keyClick(one.address(), character.toLatin1());
+    for (const char character : std::string("eve@host.com.cn")) {
+        QTest::keyClick(one.address(), character);
         if (one.ok()->isEnabled())
             valid.append(one.address()->text());
     }
