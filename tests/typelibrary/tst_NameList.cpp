@@ -56,7 +56,7 @@ void tst_NameList::inChinese()
     const QString many = joinedNames(names(22));
     QCoreApplication::removeTranslator(&chinese);
     QCOMPARE(few, QStringLiteral("1\u30012\u30013"));
-    QCOMPARE(many, names(20).join(QChar(0x3001)) + QStringLiteral("\u4ee5\u53ca\u53e6\u5916 2 \u4e2a"));
+    QCOMPARE(many, names(20).join(QChar(0x3001)) + QStringLiteral(" \u4ee5\u53ca\u53e6\u5916 2 \u4e2a"));
 }
 
 SETTINGAREA_TEST_MAIN(tst_NameList, QCoreApplication)
