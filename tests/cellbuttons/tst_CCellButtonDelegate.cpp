@@ -1,135 +1,15 @@
-#include "cellbuttons/CCellButtonDelegate.h"
+#include "tests/cellbuttons/CellButtonTable.h"
 #include "tests/support/TestObject.h"
 
 #include <widgetry/CToolTip.h>
 #include <widgetry/CTreeView.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QHelpEvent>
-#include <QPainter>
-#include <QScrollBar>
-#include <QStandardItemModel>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QToolTip>
 
-#include <functional>
-#include <memory>
-
-namespace {
-
-constexpr QColor normalColor(200, 0, 0);
-constexpr QColor hoverColor(0, 200, 0);
-constexpr QColor pressedColor(0, 0, 200);
-
-QPixmap square(const QColor& color)
-{
-    QPixmap pixmap(16, 16);
-    pixmap.fill(color);
-    return pixmap;
-}
-
-QIcon colorIcon(bool withPressed)
-{
-    QIcon icon(square(normalColor));
-    icon.addPixmap(square(hoverColor), QIcon::Active);
-    if (withPressed)
-        icon.addPixmap(square(pressedColor), QIcon::Active, QIcon::On);
-    return icon;
-}
-
-// Buttons 0 and 1, the second without a picture of its own for pressed.
-class Delegate : public CCellButtonDelegate
-{
-public:
-    explicit Delegate(QAbstractItemView* view)
-        : Delegate({colorIcon(true), colorIcon(false)}, view)
-    {
-    }
-    Delegate(const QVector<QIcon>& icons, QAbstractItemView* view)
-        : CCellButtonDelegate(icons, view)
-    {
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const override
-    {
-        return {100, 28};
-    }
-
-    std::function<void()> whenClicked = [] {};
-    QStringList clicks; // as "row: button"
-
-protected:
-    QString toolTip(int button) const override { return QStringLiteral("<b>%1").arg(button); }
-    void clicked(const QModelIndex& index, int button) override
-    {
-        clicks.append(QStringLiteral("%1: %2").arg(index.row()).arg(button));
-        whenClicked();
-    }
-};
-
-// Four rows: a nameand a cell of buttons.
-struct Table
-{
-    explicit Table(QAbstractItemView* itemView)
-        : view(itemView),
-          model(4, 2)
-    {
-        for (int row = 0; row < model.rowCount(); ++row) {
-            model.setItem(row, 0, new QStandardItem(QStringLiteral("name")));
-            model.setItem(row, 1, new QStandardItem(QStringLiteral("never shown")));
-        }
-        view->setModel(&model);
-        view->setSelectionBehavior(QAbstractItemView::SelectRows);
-        view->setSelectionMode(QAbstractItemView::SingleSelection);
-        delegate = new Delegate(view.get());
-        view->setItemDelegateForColumn(1, delegate);
-        view->resize(400, 300);
-    }
-
-    void show() const
-    {
-        view->show();
-        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-    }
-    QWidget* viewport() const { return view->viewport(); }
-    QRect cell(int row, int column = 1) const { return view->visualRect(model.index(row, column)); }
-    QRect button(int row, int number) const { return CCellButtonDelegate::buttonRect(cell(row), number); }
-    QPoint middle(int row, int number) const { return button(row, number).center(); }
-    int currentRow() const { return view->currentIndex().row(); }
-
-    // From elsewhere: where the mouse is already, it does not move.
-    void moveMouse(const QPoint& to) const
-    {
-        QTest::mouseMove(viewport(), QPoint(390, 250));
-        QTest::mouseMove(viewport(), to);
-    }
-
-    // What is painted there, and in the middle of a button.
-    QColor colorAt(const QPoint& position) const
-    {
-        QCoreApplication::processEvents();
-        const QPixmap all = viewport()->grab();
-        return all.toImage().pixelColor(position * all.devicePixelRatio());
-    }
-    QColor color(int row, int number) const { return colorAt(middle(row, number)); }
-
-    // Sends what the window system sends when the mouse moves, with the left button held down.
-    void drag(const QPoint& to) const
-    {
-        QMouseEvent move(QEvent::MouseMove, to, viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport(), &move);
-    }
-
-    std::unique_ptr<QAbstractItemView> view;
-    QStandardItemModel model;
-    Delegate* delegate;
-};
-
-} // namespace
-
+// Where the buttons are, and what the mouse does with them.
 class tst_CCellButtonDelegate : public TestObject
 {
     Q_OBJECT
@@ -145,16 +25,6 @@ private Q_SLOTS:
     void quickClicksAllCount();
     void disabled();
     void cellNarrowerThanItsButtons();
-    void hover_data();
-    void hover();
-    void hoverNeedsTheRowUnderTheMouse();
-    void pressedPicture();
-    void pressEndsOutside();
-    void dimmedPicture();
-    void nothingButButtons();
-    void sharpAtEveryScale_data();
-    void sharpAtEveryScale();
-    void paintingOpensNoFile();
     void toolTips();
     void viewDestroyedByClick();
     void rowRemovedWhilePressed();
@@ -189,7 +59,7 @@ void tst_CCellButtonDelegate::hitBox()
 {
     QFETCH(QPoint, position);
     QFETCH(QStringList, clicks);
-    const Table table(new QTableView);
+    const CellButtonTable table(new QTableView);
     table.show();
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.cell(1).topLeft() + position);
     QCOMPARE(table.delegate->clicks, clicks);
@@ -197,7 +67,7 @@ void tst_CCellButtonDelegate::hitBox()
 
 void tst_CCellButtonDelegate::clickNeedsPressAndReleaseInside()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     const auto pressAndRelease = [&table](const QPoint& from, const QPoint& to) {
         QTest::mousePress(table.viewport(), Qt::LeftButton, {}, from);
@@ -218,7 +88,7 @@ void tst_CCellButtonDelegate::clickNeedsPressAndReleaseInside()
 
 void tst_CCellButtonDelegate::otherMouseButtons()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     QTest::mouseClick(table.viewport(), Qt::RightButton, {}, table.middle(1, 0));
     QTest::mouseClick(table.viewport(), Qt::MiddleButton, {}, table.middle(1, 1));
@@ -239,7 +109,7 @@ void tst_CCellButtonDelegate::otherMouseButtons()
 
 void tst_CCellButtonDelegate::pressMakesTheRowCurrent()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     QTest::mousePress(table.viewport(), Qt::LeftButton, {}, table.middle(2, 0));
     QCOMPARE(table.currentRow(), 2);
@@ -253,7 +123,7 @@ void tst_CCellButtonDelegate::pressMakesTheRowCurrent()
 
 void tst_CCellButtonDelegate::pressAndDragSelectsNothing()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     QTest::mousePress(table.viewport(), Qt::LeftButton, {}, table.middle(0, 0));
     table.drag(table.cell(1, 0).center());
@@ -273,7 +143,7 @@ void tst_CCellButtonDelegate::quickClicksAllCount()
 {
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(new CTreeView), static_cast<QAbstractItemView*>(new QTableView)}) {
-        Table table(view);
+        CellButtonTable table(view);
         table.model.item(1)->appendRow(new QStandardItem(QStringLiteral("child")));
         table.show();
         table.moveMouse(table.middle(1, 0));
@@ -297,7 +167,7 @@ void tst_CCellButtonDelegate::quickClicksAllCount()
 
 void tst_CCellButtonDelegate::disabled()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     QVERIFY(table.delegate->isEnabled());
     table.delegate->setEnabled(false);
@@ -321,7 +191,7 @@ void tst_CCellButtonDelegate::disabled()
 void tst_CCellButtonDelegate::cellNarrowerThanItsButtons()
 {
     auto* const view = new QTableView;
-    const Table table(view);
+    const CellButtonTable table(view);
     view->setColumnWidth(1, 40);
     table.show();
     const QPoint corner = table.button(1, 1).topLeft();
@@ -335,199 +205,9 @@ void tst_CCellButtonDelegate::cellNarrowerThanItsButtons()
     QCOMPARE(table.delegate->clicks, QStringList{QStringLiteral("1: 1")});
 }
 
-void tst_CCellButtonDelegate::hover_data()
-{
-    QTest::addColumn<bool>("isTree");
-    QTest::newRow("tree") << true;
-    QTest::newRow("table") << false;
-}
-
-void tst_CCellButtonDelegate::hover()
-{
-    QFETCH(bool, isTree);
-    const Table table(isTree ? static_cast<QAbstractItemView*>(new CTreeView) : new QTableView);
-    table.show();
-    QCOMPARE(table.color(1, 0), normalColor);
-    table.moveMouse(table.middle(1, 0));
-    QTRY_COMPARE(table.color(1, 0), hoverColor);
-    QCOMPARE(table.color(1, 1), normalColor);
-    QCOMPARE(table.color(2, 0), normalColor);
-    table.moveMouse(table.middle(1, 1));
-    QTRY_COMPARE(table.color(1, 1), hoverColor);
-    QCOMPARE(table.color(1, 0), normalColor);
-    // The same row, but no button.
-    table.moveMouse(table.cell(1, 0).center());
-    QTRY_COMPARE(table.color(1, 1), normalColor);
-    table.moveMouse(table.middle(3, 0));
-    QTRY_COMPARE(table.color(3, 0), hoverColor);
-    QHoverEvent leave(QEvent::HoverLeave, QPointF(-1, -1), table.middle(3, 0));
-    QCoreApplication::sendEvent(table.viewport(), &leave);
-    QCOMPARE(table.color(3, 0), normalColor);
-}
-
-void tst_CCellButtonDelegate::hoverNeedsTheRowUnderTheMouse()
-{
-    const Table table(new CTreeView);
-    table.show();
-    table.moveMouse(table.middle(1, 0));
-    QTRY_COMPARE(table.color(1, 0), hoverColor);
-    const auto paintedColor = [&table](QStyle::State state) {
-        QImage image(table.viewport()->size(), QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        QStyleOptionViewItem option;
-        option.rect = table.cell(1);
-        option.state = state;
-        table.delegate->paint(&painter, option, table.model.index(1, 1));
-        return image.pixelColor(table.middle(1, 0));
-    };
-    QCOMPARE(paintedColor(QStyle::State_Enabled | QStyle::State_MouseOver), hoverColor);
-    QCOMPARE(paintedColor(QStyle::State_Enabled), normalColor);
-}
-
-void tst_CCellButtonDelegate::pressedPicture()
-{
-    const Table table(new CTreeView);
-    table.show();
-    table.moveMouse(table.middle(1, 0));
-    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, table.middle(1, 0));
-    QCOMPARE(table.color(1, 0), pressedColor);
-    QCOMPARE(table.color(1, 1), normalColor);
-    QCOMPARE(table.color(2, 0), normalColor);
-    // Wherever the mouse goes meanwhile; other buttons do not light up.
-    table.drag(table.middle(1, 1));
-    QCOMPARE(table.color(1, 0), pressedColor);
-    QCOMPARE(table.color(1, 1), normalColor);
-    table.drag(table.middle(1, 0));
-    QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, table.middle(1, 0));
-    QCOMPARE(table.color(1, 0), hoverColor);
-    QCOMPARE(table.delegate->clicks, QStringList{QStringLiteral("1: 0")});
-    // A button without a picture for it.
-    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, table.middle(1, 1));
-    QCOMPARE(table.color(1, 1), hoverColor);
-    QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, table.middle(1, 1));
-}
-
-void tst_CCellButtonDelegate::pressEndsOutside()
-{
-    const Table table(new CTreeView);
-    table.show();
-    for (const QPoint& place : {table.cell(1, 0).center(), table.middle(2, 0), QPoint(200, 290), QPoint(-20, -20)}) {
-        QTest::mousePress(table.viewport(), Qt::LeftButton, {}, table.middle(1, 0));
-        QCOMPARE(table.color(1, 0), pressedColor);
-        QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, place);
-        QCOMPARE(table.color(1, 0), normalColor);
-    }
-}
-
-void tst_CCellButtonDelegate::dimmedPicture()
-{
-    const Table table(new CTreeView);
-    table.view->setStyleSheet(QStringLiteral("QTreeView { background: black }"));
-    table.show();
-    table.moveMouse(table.middle(1, 0));
-    QTRY_COMPARE(table.color(1, 0), hoverColor);
-    // 40 % of the normal picture, and no hover.
-    const auto isDimmed = [&table](int button) {
-        const QColor color = table.color(1, button);
-        return qAbs(color.red() - 80) <= 1 && color.green() == 0 && color.blue() == 0;
-    };
-    table.delegate->setEnabled(false);
-    QVERIFY(isDimmed(0) && isDimmed(1));
-    table.delegate->setEnabled(true);
-    QCOMPARE(table.color(1, 0), hoverColor);
-    table.view->setEnabled(false);
-    QVERIFY(isDimmed(0) && isDimmed(1));
-}
-
-void tst_CCellButtonDelegate::nothingButButtons()
-{
-    const Table table(new CTreeView);
-    table.show();
-    const auto cellWith = [&table](const QString& text) {
-        table.model.item(1, 1)->setText(text);
-        return table.viewport()->grab(table.cell(1)).toImage();
-    };
-    QCOMPARE(cellWith(QStringLiteral("never shown")), cellWith(QString()));
-}
-
-void tst_CCellButtonDelegate::sharpAtEveryScale_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<QRect>("square"); // in device pixels, of a button at 9, 8 that fills its picture
-    QTest::newRow("100 %") << 1.0 << QRect(9, 8, 16, 16);
-    QTest::newRow("110 %") << 1.1 << QRect(10, 9, 18, 18);
-    QTest::newRow("125 %") << 1.25 << QRect(11, 10, 20, 20);
-    QTest::newRow("150 %") << 1.5 << QRect(14, 12, 24, 24);
-    QTest::newRow("175 %") << 1.75 << QRect(16, 14, 28, 28);
-    QTest::newRow("200 %") << 2.0 << QRect(18, 16, 32, 32);
-}
-
-namespace {
-
-// A delegate with one button, whose picture, a square that fills it, lies in a file.
-struct SvgButton
-{
-    SvgButton()
-    {
-        QFile file(path());
-        if (!file.open(QIODevice::WriteOnly) ||
-            file.write(R"(<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16" viewBox="0 0 16 16">)"
-                       R"(<rect width="16" height="16" fill="#ff0000"/></svg>)") < 0)
-            qFatal("Cannot write %s", qPrintable(path()));
-        file.close();
-        delegate = new Delegate({QIcon(path())}, &view);
-    }
-    QString path() const { return folder.filePath(QStringLiteral("square.svg")); }
-
-    QImage painted(double scale)
-    {
-        QImage image((QSizeF(40, 32) * scale).toSize(), QImage::Format_RGB32);
-        image.setDevicePixelRatio(scale);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        QStyleOptionViewItem option;
-        option.rect = QRect(1, 2, 35, 28);
-        option.state = QStyle::State_Enabled;
-        QStandardItemModel model(1, 1);
-        delegate->paint(&painter, option, model.index(0, 0));
-        return image;
-    }
-
-    const QTemporaryDir folder;
-    QTableView view;
-    Delegate* delegate;
-};
-
-} // namespace
-
-void tst_CCellButtonDelegate::sharpAtEveryScale()
-{
-    QFETCH(double, scale);
-    QFETCH(QRect, square);
-    SvgButton button;
-    const QImage image = button.painted(scale);
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor expected = square.contains(x, y) ? QColor(Qt::red) : QColor(Qt::white);
-            if (image.pixelColor(x, y) != expected)
-                QFAIL(qPrintable(QStringLiteral("%1, %2 is %3").arg(x).arg(y).arg(image.pixelColor(x, y).name())));
-        }
-    }
-}
-
-void tst_CCellButtonDelegate::paintingOpensNoFile()
-{
-    SvgButton button;
-    const QImage first = button.painted(1);
-    QCOMPARE(first.pixelColor(9, 8), QColor(Qt::red));
-    QVERIFY(QFile::remove(button.path()));
-    QCOMPARE(button.painted(1), first);
-}
-
 void tst_CCellButtonDelegate::toolTips()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     const auto ask = [&table](const QPoint& position, QEvent::Type type = QEvent::ToolTip) {
         QToolTip::hideText();
@@ -560,7 +240,7 @@ void tst_CCellButtonDelegate::viewDestroyedByClick()
 {
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(new CTreeView), static_cast<QAbstractItemView*>(new QTableView)}) {
-        Table table(view);
+        CellButtonTable table(view);
         table.show();
         QString clicked;
         table.delegate->whenClicked = [&table, &clicked] {
@@ -575,7 +255,7 @@ void tst_CCellButtonDelegate::viewDestroyedByClick()
 
 void tst_CCellButtonDelegate::rowRemovedWhilePressed()
 {
-    Table table(new CTreeView);
+    CellButtonTable table(new CTreeView);
     table.show();
     const QPoint place = table.middle(1, 0);
     QTest::mousePress(table.viewport(), Qt::LeftButton, {}, place);
@@ -589,7 +269,7 @@ void tst_CCellButtonDelegate::rowRemovedWhilePressed()
 
 void tst_CCellButtonDelegate::viewWithoutModel()
 {
-    const Table table(new CTreeView);
+    const CellButtonTable table(new CTreeView);
     table.show();
     const QPoint place = table.middle(0, 0);
     table.view->setModel(nullptr);
