@@ -21,6 +21,7 @@ struct Growth
     Samples rescan;
     Samples heap;
     Samples resident;
+    Samples process; // in all, not for one type
 };
 
 // Bytes that the program has taken from the heap and not given back.
@@ -55,12 +56,13 @@ void measureInOwnProcess(const QString& folder, int types, Growth& growth)
     if (!process.waitForFinished(-1) || process.exitCode() != 0)
         qFatal("The process that measures %s failed", qPrintable(folder));
     const QList<QByteArray> values = process.readAllStandardOutput().split(' ');
-    if (values.size() != 5 || values[0].toInt() != types)
+    if (values.size() != 6 || values[0].toInt() != types)
         qFatal("The process that measures %s found %s", qPrintable(folder), values[0].constData());
     growth.coldScan.add(values[1].toDouble() / types);
     growth.rescan.add(values[2].toDouble() / types);
     growth.heap.add(values[3].toDouble() / types);
     growth.resident.add(values[4].toDouble() / types);
+    growth.process.add(values[5].toDouble());
 }
 
 } // namespace
@@ -75,7 +77,8 @@ void printGrowth(const QString& folder)
     const double heap = heapInUse() - heapBefore;
     const double resident = residentSize() - residentBefore;
     const double rescan = secondsOf([&] { library.updateLibrary(); });
-    std::printf("%d %.9f %.9f %.0f %.0f", countTypes(library.nodes()), coldScan, rescan, heap, resident);
+    std::printf("%d %.9f %.9f %.0f %.0f %.0f", countTypes(library.nodes()), coldScan, rescan, heap, resident,
+                residentSize());
 }
 
 std::vector<Measurement> measureGrowth(const BenchOptions& options)
@@ -113,5 +116,9 @@ std::vector<Measurement> measureGrowth(const BenchOptions& options)
         line(QStringLiteral("- in 100,000 types"), growth[2].heap, Measurement::Value, 1024, Measurement::Bytes),
         line(QStringLiteral("- the process's growth in 100,000 types"), growth[2].resident, Measurement::Nothing, 0,
              Measurement::Bytes),
+        line(QStringLiteral("the process's memory with 1,000 types"), growth[0].process, Measurement::Nothing, 0,
+             Measurement::Bytes),
+        line(QStringLiteral("- with 10,000 types"), growth[1].process, Measurement::Nothing, 0, Measurement::Bytes),
+        line(QStringLiteral("- with 100,000 types"), growth[2].process, Measurement::Nothing, 0, Measurement::Bytes),
     };
 }

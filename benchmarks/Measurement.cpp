@@ -11,7 +11,8 @@ namespace {
 QString text(double value, Measurement::Unit unit)
 {
     if (unit == Measurement::Bytes)
-        return QStringLiteral("%1 B").arg(value, 0, 'f', 0);
+        return value < 1e5 ? QStringLiteral("%1 B").arg(value, 0, 'f', 0)
+                           : QStringLiteral("%1 MB").arg(value / 1e6, 0, 'f', 1);
     if (value < 1e-3)
         return QStringLiteral("%1 us").arg(value * 1e6, 0, 'f', 1);
     return QStringLiteral("%1 ms").arg(value * 1e3, 0, 'f', value < 0.1 ? 2 : 0);

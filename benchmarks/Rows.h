@@ -5,6 +5,7 @@
 #include "benchmarks/Measurement.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 // Each function measures one row, which may be several lines of the table. [GUI thread]
@@ -19,11 +20,20 @@ std::vector<Measurement> measureImportFolder(const BenchOptions& options);
 std::vector<Measurement> measureExportAll(const BenchOptions& options);
 std::vector<Measurement> measureDeleteGroup(const BenchOptions& options);
 std::vector<Measurement> measureWizardMenu(const BenchOptions& options);
+std::vector<Measurement> measureStart(const BenchOptions& options);
+std::vector<Measurement> measureLanguageSwitch(const BenchOptions& options);
+std::vector<Measurement> measureRecord(const BenchOptions& options);
+std::vector<Measurement> measureWizard(const BenchOptions& options);
+std::vector<Measurement> measureTree(const BenchOptions& options);
 std::vector<Measurement> measureGrowth(const BenchOptions& options);
 
 // What measureGrowth() runs in a process of its own: scans the library `folder` for the first time and prints what it
 // took as numbers.
 void printGrowth(const QString& folder);
+
+// What measureStart() runs in a process of its own: opens a window with "our" pages or "plain" ones and prints as
+// numbers how long that took since `begun`, in nanoseconds of the steady clock, and each tab after the first.
+void printStart(const QString& pages, std::int64_t begun);
 
 // A library as users with many types have it.
 inline LibraryFiles usualLibrary(const BenchOptions& options)

@@ -4,8 +4,10 @@
 #include "plugin/CSettingArea.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <QWidget>
 
 ISettingInterface& settingArea()
 {
@@ -30,4 +32,11 @@ void processEventsFor(int milliseconds)
     QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
     timer.start(milliseconds);
     loop.exec();
+}
+
+void paintNow(QWidget* window)
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    window->repaint();
 }

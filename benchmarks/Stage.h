@@ -2,6 +2,8 @@
 
 #include "plugin/interface/ISettingInterface.h"
 
+class QWidget;
+
 // The settings area with a host's handler, as every row needs it: the store asks the handler through the area.
 ISettingInterface& settingArea();
 
@@ -10,3 +12,6 @@ void forget(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes);
 
 // Runs the event loop for a while.
 void processEventsFor(int milliseconds);
+
+// Lets what was changed be laid out, and paints the window.
+void paintNow(QWidget* window);

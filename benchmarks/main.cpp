@@ -27,6 +27,11 @@ constexpr std::array rows{
     Row{"export-all", measureExportAll},
     Row{"delete-group", measureDeleteGroup},
     Row{"wizard-menu", measureWizardMenu},
+    Row{"start", measureStart},
+    Row{"language", measureLanguageSwitch},
+    Row{"record", measureRecord},
+    Row{"wizard", measureWizard},
+    Row{"tree", measureTree},
     Row{"growth", measureGrowth},
 };
 
@@ -96,14 +101,22 @@ int main(int argc, char** argv)
         QStringLiteral("files"), QStringLiteral("Keep the generated libraries, up to 1 GB, in this folder."),
         QStringLiteral("folder"), QCoreApplication::applicationDirPath() + QStringLiteral("/../bench-files"));
     QCommandLineOption growthOption(QStringLiteral("growth-of"), {}, QStringLiteral("folder"));
-    growthOption.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption});
+    QCommandLineOption startOption(QStringLiteral("start-of"), {}, QStringLiteral("pages"));
+    QCommandLineOption begunOption(QStringLiteral("begun"), {}, QStringLiteral("nanoseconds"));
+    for (QCommandLineOption* const own : {&growthOption, &startOption, &begunOption})
+        own->setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions(
+        {rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption, startOption, begunOption});
     parser.process(application);
     if (!parser.positionalArguments().isEmpty())
         parser.showHelp(2);
 
     if (parser.isSet(growthOption)) {
         printGrowth(parser.value(growthOption));
+        return 0;
+    }
+    if (parser.isSet(startOption)) {
+        printStart(parser.value(startOption), parser.value(begunOption).toLongLong());
         return 0;
     }
 
