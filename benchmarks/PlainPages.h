@@ -22,8 +22,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QWidget* preferences();
-    QWidget* typeLibrary();
+    static QWidget* preferences();
+    static QWidget* typeLibrary();
     QWidget* healthSettings();
 
     QTableWidget* m_pTable = nullptr;

@@ -27,7 +27,7 @@ void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int
 
 struct Times
 {
-    double firstPaint;
+    double firstPaint = 0;
     Samples frames;
 };
 
