@@ -1,44 +1,15 @@
 #include "tests/support/FileFixture.h"
-#include "tests/support/StoreFixture.h"
+#include "tests/typelibrary/ModelFixture.h"
 #include "typelibrary/CProductFileIconProvider.h"
-#include "typelibrary/CProductTreeModel.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
-#include <widgetry/CMessageBox.h>
-
-#include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QPushButton>
-#include <QSortFilterProxyModel>
 #include <QTreeView>
 
 using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
 
-namespace {
-
-// The model without the rest of the disk, which a model tester would walk through.
-class LibraryOnly : public QSortFilterProxyModel
-{
-public:
-    explicit LibraryOnly(const QString& folder)
-        : m_folder(folder + QLatin1Char('/'))
-    {
-    }
-
-protected:
-    bool filterAcceptsRow(int row, const QModelIndex& parent) const override
-    {
-        const QString path = sourceModel()->index(row, 0, parent).data(CProductTreeModel::PathRole).toString();
-        return path == QLatin1String("/") || m_folder.startsWith(path + QLatin1Char('/')) || path.startsWith(m_folder);
-    }
-
-private:
-    const QString m_folder;
-};
-
-} // namespace
-
-class tst_CProductTreeModel : public StoreFixture
+// What the model shows, and how it follows the disk.
+class tst_CProductTreeModel : public ModelFixture
 {
     Q_OBJECT
 
@@ -58,91 +29,7 @@ private Q_SLOTS:
     void followsTheDisk();
     void knownAttributesAreNotAskedForAgain();
     void linksKeepTheirOwnPath();
-
-    void renamesAFile();
-    void renamesAFolder();
-    void followsTheDiskInARenamedFolder();
-    void sameNameChangesNothing();
-    void refusedEdits();
-    void takenNames_data();
-    void takenNames();
-    void namesThatLeadElsewhere_data();
-    void namesThatLeadElsewhere();
-
-protected Q_SLOTS:
-    void init();
-    void cleanup();
-
-private:
-    // The index of an entry, once the model has loaded the folders that lead to it.
-    QModelIndex indexOf(const QString& relativePath);
-
-    // Answers the next message box by its one button and keeps its text.
-    void answerNextBox();
-
-    std::unique_ptr<CProductTreeModel> model;
-    std::unique_ptr<LibraryOnly> libraryOnly;
-    std::unique_ptr<QAbstractItemModelTester> tester;
-    QModelIndex root;
-    QStringList boxTexts;
 };
-
-void tst_CProductTreeModel::init()
-{
-    StoreFixture::init();
-    boxTexts.clear();
-    model = std::make_unique<CProductTreeModel>();
-    libraryOnly = std::make_unique<LibraryOnly>(library->path());
-    libraryOnly->setSourceModel(model.get());
-    tester = std::make_unique<QAbstractItemModelTester>(libraryOnly.get(),
-                                                        QAbstractItemModelTester::FailureReportingMode::QtTest);
-}
-
-void tst_CProductTreeModel::cleanup()
-{
-    tester.reset();
-    libraryOnly.reset();
-    model.reset();
-    StoreFixture::cleanup();
-}
-
-QModelIndex tst_CProductTreeModel::indexOf(const QString& relativePath)
-{
-    root = model->setRootPath(library->path());
-    QModelIndex parent = root;
-    const QStringList names = relativePath.split(QLatin1Char('/'));
-    for (const QString& name : names) {
-        QModelIndex found;
-        const auto look = [&] {
-            if (model->canFetchMore(parent))
-                model->fetchMore(parent);
-            for (int row = 0; row < model->rowCount(parent) && !found.isValid(); ++row) {
-                const QModelIndex index = model->index(row, 0, parent);
-                if (index.data().toString() == name)
-                    found = index;
-            }
-            return found.isValid();
-        };
-        if (!QTest::qWaitFor(look))
-            return {};
-        parent = found;
-    }
-    return parent;
-}
-
-void tst_CProductTreeModel::answerNextBox()
-{
-    QTimer::singleShot(0, this, [this] {
-        auto* const box = qobject_cast<CMessageBox*>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        QCOMPARE(box->windowTitle(), QStringLiteral("Orvel"));
-        QVERIFY(!box->parentWidget());
-        QVERIFY(!box->button(CDialog::Yes) && !box->button(CDialog::No) && !box->button(CDialog::Cancel));
-        QVERIFY(box->button(CDialog::Ok)->isDefault());
-        boxTexts.append(box->text());
-        box->button(CDialog::Ok)->click();
-    });
-}
 
 void tst_CProductTreeModel::columnsAndHeaders()
 {
@@ -391,131 +278,6 @@ void tst_CProductTreeModel::linksKeepTheirOwnPath()
     QCOMPARE(index.data(CProductTreeModel::PathRole).toString(), pathOf(QStringLiteral("link.rcvp")));
 }
 
-void tst_CProductTreeModel::renamesAFile()
-{
-    write(QStringLiteral("Cab 1.rcvp"), "content");
-    const QPersistentModelIndex index = indexOf(QStringLiteral("Cab 1.rcvp"));
-    QCOMPARE(index.data(Qt::EditRole).toString(), QStringLiteral("Cab 1"));
-    QVERIFY(model->setData(index, QStringLiteral("Cab 2")));
-    QCOMPARE(QDir(library->path()).entryList(QDir::Files), QStringList({QStringLiteral("Cab 2.rcvp")}));
-    QVERIFY(index.isValid());
-    QCOMPARE(index.data().toString(), QStringLiteral("Cab 2.rcvp"));
-    QCOMPARE(index.data(CProductTreeModel::PathRole).toString(), pathOf(QStringLiteral("Cab 2.rcvp")));
-}
-
-void tst_CProductTreeModel::renamesAFolder()
-{
-    write(QStringLiteral("North.A/a.rcvp"), "a");
-    const QPersistentModelIndex index = indexOf(QStringLiteral("North.A"));
-    QVERIFY(model->setData(index, QStringLiteral("South")));
-    QCOMPARE(QDir(library->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
-             QStringList({QStringLiteral("South")}));
-    QVERIFY(QFile::exists(pathOf(QStringLiteral("South/a.rcvp"))));
-    QCOMPARE(index.data().toString(), QStringLiteral("South"));
-}
-
-void tst_CProductTreeModel::followsTheDiskInARenamedFolder()
-{
-    write(QStringLiteral("G/a.rcvp"), "a");
-    write(QStringLiteral("G/Sub/b.rcvp"), "b");
-    QVERIFY(indexOf(QStringLiteral("G/Sub/b.rcvp")).isValid()); // which loads the folders
-    QVERIFY(model->setData(indexOf(QStringLiteral("G")), QStringLiteral("H")));
-    write(QStringLiteral("H/late.rcvp"), "late");
-    write(QStringLiteral("H/Sub/late.rcvp"), "late");
-    write(QStringLiteral("late.rcvp"), "late");
-    QFile::remove(pathOf(QStringLiteral("H/a.rcvp")));
-    const QModelIndex group = model->index(pathOf(QStringLiteral("H")));
-    QTRY_COMPARE(model->rowCount(root), 2);
-    QTRY_COMPARE(model->rowCount(group), 2);
-    QTRY_COMPARE(model->rowCount(model->index(pathOf(QStringLiteral("H/Sub")))), 2);
-    QTRY_COMPARE(model->index(1, 0, group).data().toString(), QStringLiteral("late.rcvp"));
-    QCOMPARE(model->rootPath(), library->path());
-}
-
-void tst_CProductTreeModel::sameNameChangesNothing()
-{
-    write(QStringLiteral("G.x/Cab 1.rcvp"), "content");
-    const QModelIndex file = indexOf(QStringLiteral("G.x/Cab 1.rcvp"));
-    QVERIFY(model->setData(file, QStringLiteral("Cab 1")));
-    QVERIFY(model->setData(file.parent(), QStringLiteral("G.x")));
-    QVERIFY(QFile::exists(pathOf(QStringLiteral("G.x/Cab 1.rcvp"))));
-}
-
-void tst_CProductTreeModel::refusedEdits()
-{
-    write(QStringLiteral("a.rcvp"), "a");
-    const QModelIndex index = indexOf(QStringLiteral("a.rcvp"));
-    QVERIFY(!model->setData({}, QStringLiteral("b")));
-    QVERIFY(!model->setData(index.siblingAtColumn(1), QStringLiteral("b")));
-    QVERIFY(!model->setData(index, QStringLiteral("b"), Qt::DisplayRole));
-    QVERIFY(QFile::exists(pathOf(QStringLiteral("a.rcvp"))));
-}
-
-void tst_CProductTreeModel::takenNames_data()
-{
-    QTest::addColumn<QString>("entry");
-    QTest::addColumn<QString>("newName");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("type") << QStringLiteral("a.rcvp") << QStringLiteral("b")
-                          << QStringLiteral("There is already a type with the same name.");
-    QTest::newRow("type, by a folder") << QStringLiteral("a.rcvp") << QStringLiteral("folder")
-                                       << QStringLiteral("There is already a type with the same name.");
-    QTest::newRow("group") << QStringLiteral("G") << QStringLiteral("H")
-                           << QStringLiteral("There is already a type group with the same name.");
-    QTest::newRow("group, by a hidden file") << QStringLiteral("G") << QStringLiteral("note.txt")
-                                             << QStringLiteral("There is already a type group with the same name.");
-}
-
-void tst_CProductTreeModel::takenNames()
-{
-    write(QStringLiteral("a.rcvp"), "a");
-    write(QStringLiteral("b.rcvp"), "b");
-    write(QStringLiteral("folder.rcvp/x.rcvp"), "x");
-    write(QStringLiteral("G/x.rcvp"), "x");
-    write(QStringLiteral("H/y.rcvp"), "y");
-    write(QStringLiteral("note.txt"), "n");
-
-    QFETCH(QString, entry);
-    QFETCH(QString, newName);
-    QFETCH(QString, message);
-    const QModelIndex index = indexOf(entry);
-    QVERIFY(!model->setData(index, newName));
-    answerNextBox();
-    QTRY_COMPARE(boxTexts, QStringList({message}));
-    QCOMPARE(index.data().toString(), entry);
-    QVERIFY(QFile::exists(pathOf(entry)));
-    QCOMPARE(QDir(library->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 6);
-}
-
-void tst_CProductTreeModel::namesThatLeadElsewhere_data()
-{
-    QTest::addColumn<QString>("entry");
-    QTest::addColumn<QString>("newName");
-    QTest::newRow("type into a group") << QStringLiteral("a.rcvp") << QStringLiteral("G/a");
-    QTest::newRow("type out of the library") << QStringLiteral("a.rcvp") << QStringLiteral("../a");
-    QTest::newRow("type without a name") << QStringLiteral("a.rcvp") << QString();
-    QTest::newRow("group without a name") << QStringLiteral("G") << QString();
-    QTest::newRow("group itself") << QStringLiteral("G") << QStringLiteral(".");
-    QTest::newRow("group above") << QStringLiteral("G") << QStringLiteral("..");
-    QTest::newRow("absolute path") << QStringLiteral("G") << QDir::tempPath() + QStringLiteral("/moved away");
-}
-
-void tst_CProductTreeModel::namesThatLeadElsewhere()
-{
-    write(QStringLiteral("a.rcvp"), "a");
-    write(QStringLiteral("G/x.rcvp"), "x");
-    QFETCH(QString, entry);
-    QFETCH(QString, newName);
-    const QModelIndex index = indexOf(entry);
-    QVERIFY(!model->setData(index, newName));
-    answerNextBox();
-    QTRY_COMPARE(boxTexts,
-                 QStringList({model->isDir(index) ? QStringLiteral("There is already a type group with the same name.")
-                                                  : QStringLiteral("There is already a type with the same name.")}));
-    QVERIFY(QFile::exists(pathOf(QStringLiteral("a.rcvp"))));
-    QVERIFY(QFile::exists(pathOf(QStringLiteral("G/x.rcvp"))));
-    QVERIFY(!QFile::exists(QDir::tempPath() + QStringLiteral("/moved away")));
-}
-
 SETTINGAREA_TEST_MAIN(tst_CProductTreeModel, QApplication)
+
 #include "tst_CProductTreeModel.moc"
