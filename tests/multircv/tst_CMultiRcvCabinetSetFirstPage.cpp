@@ -1,59 +1,24 @@
-#include "multircv/CMultiRcvCabinetSetFirstPage.h"
-#include "tests/multircv/WizardLibrary.h"
-#include "tests/support/ModalScript.h"
-#include "tests/support/TestObject.h"
+#include "tests/multircv/FirstPageFixture.h"
 #include "tests/support/UpperCase.h"
 
-#include <widgetry/CComboBox.h>
 #include <widgetry/CCustomGroupBox.h>
-#include <widgetry/CMenuPushButton.h>
 
 #include <QApplication>
 #include <QLabel>
-#include <QMenu>
+#include <QTimer>
 
-#include <memory>
-
-namespace {
-
-const char unchosen[] = "Please select cabinet type file";
-const char unfit[] = "Non-single cabinet parameter file.";
-const char useIt[] = "The same parameter file already exists. Do you want to use this parameter file?";
-const char replaceIt[] = "The same file name already exists. Do you want to replace the old file with the new one?";
-
-QString fileDialog()
-{
-    return QStringLiteral("Browse...: Parameter(*.rcvp *.rcvbp)");
-}
-
-} // namespace
-
-class tst_CMultiRcvCabinetSetFirstPage : public TestObject
+// What the page shows and what is picked on it.
+class tst_CMultiRcvCabinetSetFirstPage : public FirstPageFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void startsEmpty();
     void controls();
     void configurations();
     void menuHasTheLibrary();
     void pickingAnEntry();
     void pickingAnEntryOfAGroup();
-    void cancelledBrowsingChangesNothing();
-    void browsingCopiesIntoTheRoot();
-    void multiReceiverFileIsRefused();
-    void sameContentConfirmed();
-    void sameContentRefused();
-    void sameNameConfirmed();
-    void sameNameRefused();
-    void refusalKeepsTheFormerChoice();
-    void closingAQuestionRefuses();
-    void copyThatFails();
-    void withoutALibrary();
-    void withoutAHost();
     void startsFromARecord();
     void recordWhoseFileIsGone();
     void damagedRecords_data();
@@ -61,55 +26,7 @@ private Q_SLOTS:
     void namesAreShownAsTheyStand();
     void keyboard();
     void followsTheLanguage();
-    void pageMayEndWhileBrowsing();
-
-private:
-    struct Page
-    {
-        explicit Page(const QString& folder, const SHwRcvInCabinetInfo& record = {})
-            : page(folder, record),
-              button(page.findChild<CMenuPushButton*>()),
-              count(page.findChild<CComboBox*>())
-        {
-            page.show();
-        }
-
-        QStringList entries() const
-        {
-            QStringList texts;
-            const QList<QAction*> actions = button->menu()->actions();
-            for (const QAction* action : actions)
-                texts.append(action->text());
-            return texts;
-        }
-        void browse() const
-        {
-            button->menu()->actions().constFirst()->trigger();
-            QCoreApplication::sendPostedEvents(); // the dialog opens when the menu is done
-        }
-
-        CMultiRcvCabinetSetFirstPage page;
-        CMenuPushButton* button;
-        CComboBox* count;
-    };
-
-    QString root() const { return m_pLibrary->root(); }
-
-    std::unique_ptr<WizardLibrary> m_pLibrary;
 };
-
-void tst_CMultiRcvCabinetSetFirstPage::init()
-{
-    TestObject::init();
-    m_pLibrary = std::make_unique<WizardLibrary>();
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::cleanup()
-{
-    m_pLibrary.reset();
-    TestObject::cleanup();
-}
 
 void tst_CMultiRcvCabinetSetFirstPage::startsEmpty()
 {
@@ -189,172 +106,6 @@ void tst_CMultiRcvCabinetSetFirstPage::pickingAnEntryOfAGroup()
     group->actions().constFirst()->trigger();
     QCOMPARE(page.page.parameterFile(), file);
     QCOMPARE(page.button->displayText(), QStringLiteral("A"));
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::cancelledBrowsingChangesNothing()
-{
-    const Page page(root());
-    ModalScript script;
-    script.choose(QString());
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog()}));
-    QCOMPARE(page.page.parameterFile(), QString());
-    QCOMPARE(page.button->displayText(), QLatin1String(unchosen));
-    QCOMPARE(m_pLibrary->files(), QStringList());
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::browsingCopiesIntoTheRoot()
-{
-    m_pLibrary->add(QStringLiteral("G/B.rcvp"), "b");
-    m_pLibrary->rescan();
-    const QString chosen = m_pLibrary->addOutside(QStringLiteral("A.b.rcvp"), "a");
-    const Page page(root());
-    m_pLibrary->handler->forgetCalls();
-    ModalScript script;
-    script.choose(chosen);
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog()}));
-    QCOMPARE(m_pLibrary->handler->calls(), QStringList({QStringLiteral("isMultiRcvCabinetFile(%1)").arg(chosen)}));
-    QCOMPARE(page.page.parameterFile(), m_pLibrary->path(QStringLiteral("A.b.rcvp")));
-    QCOMPARE(page.button->displayText(), QStringLiteral("A.b"));
-    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("A.b.rcvp=a"), QStringLiteral("G/B.rcvp=b")}));
-    QCOMPARE(m_pLibrary->contentOf(chosen), QByteArray("a"));
-}
-
-// The kind is asked before the content and the name are looked for.
-void tst_CMultiRcvCabinetSetFirstPage::multiReceiverFileIsRefused()
-{
-    m_pLibrary->add(QStringLiteral("M.rcvbp"), "multi");
-    m_pLibrary->rescan();
-    const QString chosen = m_pLibrary->addOutside(QStringLiteral("M.rcvbp"), "multi");
-    const Page page(root());
-    ModalScript script;
-    script.choose(chosen).press(CDialog::Ok);
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog(), information(unfit)}));
-    QCOMPARE(page.page.parameterFile(), QString());
-    QCOMPARE(page.button->displayText(), QLatin1String(unchosen));
-    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("M.rcvbp=multi")}));
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::sameContentConfirmed()
-{
-    m_pLibrary->add(QStringLiteral("A.rcvp"), "of the same name");
-    m_pLibrary->add(QStringLiteral("G/B.rcvp"), "a");
-    m_pLibrary->rescan();
-    const QStringList before = m_pLibrary->files();
-    const Page page(root());
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "a")).press(CDialog::Yes);
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog(), question(useIt)}));
-    QCOMPARE(page.page.parameterFile(), m_pLibrary->path(QStringLiteral("G/B.rcvp")));
-    QCOMPARE(page.button->displayText(), QStringLiteral("B"));
-    QCOMPARE(m_pLibrary->files(), before);
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::sameContentRefused()
-{
-    m_pLibrary->add(QStringLiteral("G/B.rcvp"), "a");
-    m_pLibrary->rescan();
-    const QStringList before = m_pLibrary->files();
-    const Page page(root());
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "a")).press(CDialog::No);
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog(), question(useIt)}));
-    QCOMPARE(page.page.parameterFile(), QString());
-    QCOMPARE(page.button->displayText(), QLatin1String(unchosen));
-    QCOMPARE(m_pLibrary->files(), before);
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::sameNameConfirmed()
-{
-    const QString old = m_pLibrary->add(QStringLiteral("G/A.rcvp"), "old");
-    m_pLibrary->rescan();
-    const SMD5 oldMd5 = md5OfFile(old);
-    const Page page(root());
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "new")).press(CDialog::Yes);
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog(), question(replaceIt)}));
-    QCOMPARE(page.page.parameterFile(), old);
-    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("G/A.rcvp=new")}));
-    QVERIFY(md5OfFile(old) != oldMd5);
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::sameNameRefused()
-{
-    m_pLibrary->add(QStringLiteral("G/A.rcvp"), "old");
-    m_pLibrary->rescan();
-    const Page page(root());
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "new")).press(CDialog::No);
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog(), question(replaceIt)}));
-    QCOMPARE(page.page.parameterFile(), QString());
-    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("G/A.rcvp=old")}));
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::refusalKeepsTheFormerChoice()
-{
-    const QString former = m_pLibrary->add(QStringLiteral("A.rcvp"), "a");
-    m_pLibrary->rescan();
-    const Page page(root());
-    page.button->menu()->actions().at(2)->trigger();
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "new")).press(CDialog::No);
-    page.browse();
-    QCOMPARE(page.page.parameterFile(), former);
-    QCOMPARE(page.button->displayText(), QStringLiteral("A"));
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::closingAQuestionRefuses()
-{
-    m_pLibrary->add(QStringLiteral("G/A.rcvp"), "old");
-    m_pLibrary->rescan();
-    const Page page(root());
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "new")).press(CDialog::Cancel); // closes the box
-    page.browse();
-    QVERIFY(script.isDone());
-    QCOMPARE(page.page.parameterFile(), QString());
-    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("G/A.rcvp=old")}));
-}
-
-// The page has the path that the copy would have; the wizard finds no file there.
-void tst_CMultiRcvCabinetSetFirstPage::copyThatFails()
-{
-    const QString notAFolder = m_pLibrary->addOutside(QStringLiteral("file"), "file");
-    const Page page(notAFolder);
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "a"));
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog()}));
-    QCOMPARE(page.page.parameterFile(), notAFolder + QStringLiteral("/A.rcvp"));
-    QVERIFY(!QFileInfo::exists(page.page.parameterFile()));
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::withoutALibrary()
-{
-    const Page page({});
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "a"));
-    page.browse();
-    QCOMPARE(script.seen(), QStringList({fileDialog()}));
-    QCOMPARE(page.page.parameterFile(), QString());
-    QVERIFY(!QFileInfo::exists(QStringLiteral("/A.rcvp")));
-}
-
-void tst_CMultiRcvCabinetSetFirstPage::withoutAHost()
-{
-    CSettingArea::instance().setHandler(nullptr);
-    const Page page(root());
-    QVERIFY(QDir().mkpath(root()));
-    ModalScript script;
-    script.choose(m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "a"));
-    page.browse();
-    QCOMPARE(page.page.parameterFile(), m_pLibrary->path(QStringLiteral("A.rcvp")));
 }
 
 void tst_CMultiRcvCabinetSetFirstPage::startsFromARecord()
@@ -459,23 +210,6 @@ void tst_CMultiRcvCabinetSetFirstPage::followsTheLanguage()
     QCOMPARE(page.count->itemText(3), QStringLiteral("3 X 1"));
     QCOMPARE(page.entries().constFirst(), QStringLiteral("BROWSE..."));
     QCOMPARE(chosen.button->displayText(), QStringLiteral("a"));
-}
-
-// The host may destroy the window behind an open file dialog.
-void tst_CMultiRcvCabinetSetFirstPage::pageMayEndWhileBrowsing()
-{
-    auto* const page = new CMultiRcvCabinetSetFirstPage(root(), {});
-    page->show();
-    QMenu* const menu = page->findChild<CMenuPushButton*>()->menu();
-    const QPointer<QWidget> guard(page);
-    QTimer end;
-    end.setSingleShot(true);
-    connect(&end, &QTimer::timeout, &end, [page] { delete page; });
-    end.start();
-    menu->actions().constFirst()->trigger();
-    QCoreApplication::sendPostedEvents();
-    QVERIFY(!guard);
-    QCOMPARE(m_pLibrary->files(), QStringList());
 }
 
 SETTINGAREA_TEST_MAIN(tst_CMultiRcvCabinetSetFirstPage, QApplication)
