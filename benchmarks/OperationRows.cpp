@@ -118,6 +118,23 @@ void expect(bool condition, const char* what)
         qFatal("%s", what);
 }
 
+// Measures `ours` by turns with cp of the folder's content and, where a row hashes it, md5sum of that.
+template<typename Ours>
+std::vector<Measurement> besideCopying(const BenchOptions& options, const Workshop& shop, const QString& folder,
+                                       bool isHashed, Measurement line, Ours ours)
+{
+    const Peer copying({"cp", "-r", ".", encoded(shop.beside("peer"))}, folder);
+    const Peer hashing = md5sumOfAll(folder);
+    const auto peer = [&] {
+        const double seconds = copying.run() + (isHashed ? hashing.run() : 0);
+        QDir(shop.beside("peer")).removeRecursively();
+        return seconds;
+    };
+    peer(); // brings the files into memory
+    measureByTurns(options.repeat, line, ours, peer);
+    return {line};
+}
+
 } // namespace
 
 std::vector<Measurement> measureImportFiles(const BenchOptions& options)
@@ -125,8 +142,6 @@ std::vector<Measurement> measureImportFiles(const BenchOptions& options)
     Workshop shop(options);
     const QString source = newTypes(options, 2'000).path(options.files) + QStringLiteral("/Group 000");
     const QStringList files = typesIn(source);
-    const Peer copying({"cp", "-r", ".", encoded(shop.beside("peer"))}, source);
-    const Peer hashing = md5sumOfAll(source);
 
     Measurement line(QStringLiteral("import 2,000 files, beside cp and md5sum"), Measurement::Ratio, 2);
     const auto import = [&] {
@@ -140,14 +155,7 @@ std::vector<Measurement> measureImportFiles(const BenchOptions& options)
         Workshop::settle();
         return seconds;
     };
-    const auto peer = [&] {
-        const double seconds = copying.run() + hashing.run();
-        QDir(shop.beside("peer")).removeRecursively();
-        return seconds;
-    };
-    peer(); // brings the files into memory
-    measureByTurns(options.repeat, line, import, peer);
-    return {line};
+    return besideCopying(options, shop, source, true, line, import);
 }
 
 std::vector<Measurement> measureImportFolder(const BenchOptions& options)
@@ -161,8 +169,6 @@ std::vector<Measurement> measureImportFolder(const BenchOptions& options)
         shop.copy(shop.library() + name, source + name);
     }
     expect(typesIn(source).size() == options.types(2'000), "The folder to import is not what it should be");
-    const Peer copying({"cp", "-r", ".", encoded(shop.beside("peer"))}, source);
-    const Peer hashing = md5sumOfAll(source);
 
     Measurement line(QStringLiteral("import as folder, half duplicates, beside cp and md5sum"), Measurement::Ratio,
                      2.5);
@@ -175,21 +181,13 @@ std::vector<Measurement> measureImportFolder(const BenchOptions& options)
         Workshop::settle();
         return seconds;
     };
-    const auto peer = [&] {
-        const double seconds = copying.run() + hashing.run();
-        QDir(shop.beside("peer")).removeRecursively();
-        return seconds;
-    };
-    peer();
-    measureByTurns(options.repeat, line, import, peer);
-    return {line};
+    return besideCopying(options, shop, source, true, line, import);
 }
 
 std::vector<Measurement> measureExportAll(const BenchOptions& options)
 {
     Workshop shop(options);
     const QString target = shop.beside("exported");
-    const Peer copying({"cp", "-r", ".", encoded(shop.beside("peer"))}, shop.library());
 
     Measurement line(QStringLiteral("export all of 10,000 files, beside cp -r"), Measurement::Ratio, 1.5);
     const auto exportAll = [&] {
@@ -199,14 +197,7 @@ std::vector<Measurement> measureExportAll(const BenchOptions& options)
         QDir(target).removeRecursively();
         return seconds;
     };
-    const auto peer = [&] {
-        const double seconds = copying.run();
-        QDir(shop.beside("peer")).removeRecursively();
-        return seconds;
-    };
-    peer();
-    measureByTurns(options.repeat, line, exportAll, peer);
-    return {line};
+    return besideCopying(options, shop, shop.library(), false, line, exportAll);
 }
 
 std::vector<Measurement> measureDeleteGroup(const BenchOptions& options)
