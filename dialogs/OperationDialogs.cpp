@@ -41,6 +41,13 @@ QString chooseFolder(QWidget* parent, const QString& title, const QString& start
     return chosenIn(dialog).value(0);
 }
 
+QString chooseFile(QWidget* parent, const QString& title, const QString& start, const QString& filter)
+{
+    auto* const dialog = new QFileDialog(parent, title, start, filter);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    return chosenIn(dialog).value(0);
+}
+
 QStringList chooseFiles(QWidget* parent, const QString& title, const QString& start, const QString& filter)
 {
     auto* const dialog = new QFileDialog(parent, title, start, filter);

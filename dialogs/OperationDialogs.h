@@ -17,6 +17,9 @@ bool ask(QWidget* parent, const QString& text);
 // Path of the folder that the user chooses, beginning in `start` (empty: where Qt begins); empty if none.
 QString chooseFolder(QWidget* parent, const QString& title, const QString& start);
 
+// Path of the existing file that the user chooses, beginning in `start`; empty if none.
+QString chooseFile(QWidget* parent, const QString& title, const QString& start, const QString& filter);
+
 // Paths of the existing files that the user chooses, in their order; empty if none.
 QStringList chooseFiles(QWidget* parent, const QString& title, const QString& start, const QString& filter);
 

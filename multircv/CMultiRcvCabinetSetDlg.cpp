@@ -1,12 +1,11 @@
 #include "multircv/CMultiRcvCabinetSetDlg.h"
 
+#include "dialogs/OperationDialogs.h"
 #include "multircv/CMultiRcvCabinetSetFirstPage.h"
 #include "multircv/CMultiRcvCabinetSetSecondPage.h"
 #include "multircv/CMultiRcvCabinetSetThirdPage.h"
 #include "multircv/CWizardSteps.h"
 #include "typelibrary/store/CTypeLibrary.h"
-
-#include <widgetry/CMessageBox.h>
 
 #include <QEvent>
 #include <QFileInfo>
@@ -117,17 +116,17 @@ bool CMultiRcvCabinetSetDlg::canLeaveForward(int step)
     if (step == ReceiverStep) {
         const QString file = m_pFirstPage->parameterFile();
         if (file.isEmpty()) {
-            inform(tr("Please select a parameter file."));
+            inform(this, tr("Please select a parameter file."));
             return false;
         }
         if (!QFileInfo::exists(file)) {
-            inform(tr("The parameter file does not exist."));
+            inform(this, tr("The parameter file does not exist."));
             return false;
         }
     } else if (step == TopologyStep) {
         const QSize grid = m_pFirstPage->gridSize();
         if (m_pSecondPage->wiring().size() != grid.width() * grid.height()) {
-            inform(tr("Please complete a box of multi-card wiring."));
+            inform(this, tr("Please complete a box of multi-card wiring."));
             return false;
         }
     }
@@ -148,15 +147,15 @@ void CMultiRcvCabinetSetDlg::finish()
     const CabinetEdit entered = edit();
     const QString parameterFile = m_pFirstPage->parameterFile();
     if (entered.typeName.isEmpty()) {
-        inform(tr("The type name is empty."));
+        inform(this, tr("The type name is empty."));
         return;
     }
     if (entered.voltageMin > entered.voltageMax) {
-        inform(tr("The lower voltage limit is greater than the upper voltage limit."));
+        inform(this, tr("The lower voltage limit is greater than the upper voltage limit."));
         return;
     }
     if (m_draft.isNameTaken(entered.typeName)) {
-        inform(tr("There is a duplicate box of multi-card file naming."));
+        inform(this, tr("There is a duplicate box of multi-card file naming."));
         return;
     }
     if (isUnchanged(m_draft.record(), entered) || !m_draft.canBeSaved()) {
@@ -165,12 +164,11 @@ void CMultiRcvCabinetSetDlg::finish()
     }
     // Asked before the old type is given up for it.
     if (!QFileInfo::exists(parameterFile)) {
-        inform(tr("The parameter file does not exist."));
+        inform(this, tr("The parameter file does not exist."));
         return;
     }
     if (m_draft.replacesOldFile(entered.typeName) &&
-        CMessageBox::question(this, tr("Should you replace the old parameter file with a new parameter file?"),
-                              QStringLiteral("Orvel"), Buttons(Yes | No), Yes) != CMessageBox::YesResult)
+        !ask(this, tr("Should you replace the old parameter file with a new parameter file?")))
         return;
     m_draft.save(parameterFile, entered);
     accept();
@@ -189,9 +187,4 @@ CabinetEdit CMultiRcvCabinetSetDlg::edit() const
     entered.voltageMin = m_pThirdPage->value(CMultiRcvCabinetSetThirdPage::VoltageMin);
     entered.voltageMax = m_pThirdPage->value(CMultiRcvCabinetSetThirdPage::VoltageMax);
     return entered;
-}
-
-void CMultiRcvCabinetSetDlg::inform(const QString& text)
-{
-    CMessageBox::information(this, text, QStringLiteral("Orvel"), Ok, Ok);
 }

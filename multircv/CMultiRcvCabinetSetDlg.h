@@ -43,7 +43,6 @@ private:
     void setTexts();
     void finish();
     CabinetEdit edit() const;
-    void inform(const QString& text);
 
     CabinetTypeDraft m_draft;
     const QString m_libraryFolder; // the library's root, where parameter files from outside go

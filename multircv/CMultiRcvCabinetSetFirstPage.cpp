@@ -1,5 +1,6 @@
 #include "multircv/CMultiRcvCabinetSetFirstPage.h"
 
+#include "dialogs/OperationDialogs.h"
 #include "multircv/CParameterFileMenu.h"
 #include "multircv/ParameterFileChoice.h"
 #include "typelibrary/store/CTypeLibrary.h"
@@ -7,14 +8,11 @@
 #include <widgetry/CComboBox.h>
 #include <widgetry/CCustomGroupBox.h>
 #include <widgetry/CMenuPushButton.h>
-#include <widgetry/CMessageBox.h>
 
 #include <QEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
 
 namespace {
 
@@ -121,30 +119,21 @@ void CMultiRcvCabinetSetFirstPage::onTriggered(QAction* action)
 
 void CMultiRcvCabinetSetFirstPage::browse()
 {
-    // On the heap, because the page may take the dialog with it.
-    const QPointer<QFileDialog> dialog =
-        new QFileDialog(this, tr("Browse..."), QString(), tr("Parameter(*.rcvp *.rcvbp)"));
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog)
-        return;
-    const QString file = accepted ? dialog->selectedFiles().value(0) : QString();
-    delete dialog;
+    const QString file = chooseFile(this, tr("Browse..."), QString(), tr("Parameter(*.rcvp *.rcvbp)"));
     if (file.isEmpty() || m_libraryFolder.isEmpty())
         return;
 
     const ParameterFileChoice choice(file, m_libraryFolder);
     switch (choice.kind()) {
     case ParameterFileChoice::Kind::Unfit:
-        CMessageBox::information(this, tr("Non-single cabinet parameter file."), QStringLiteral("Orvel"),
-                                 CMessageBox::Ok, CMessageBox::Ok);
+        inform(this, tr("Non-single cabinet parameter file."));
         return;
     case ParameterFileChoice::Kind::SameContent:
-        if (!ask(tr("The same parameter file already exists. Do you want to use this parameter file?")))
+        if (!ask(this, tr("The same parameter file already exists. Do you want to use this parameter file?")))
             return;
         break;
     case ParameterFileChoice::Kind::SameName:
-        if (!ask(tr("The same file name already exists. Do you want to replace the old file with the new one?")))
+        if (!ask(this, tr("The same file name already exists. Do you want to replace the old file with the new one?")))
             return;
         break;
     case ParameterFileChoice::Kind::New:
@@ -152,14 +141,6 @@ void CMultiRcvCabinetSetFirstPage::browse()
     }
     m_parameterFile = choice.take();
     showParameterFile();
-}
-
-// Whether the user says Yes; the end of the page while it waits counts as No.
-bool CMultiRcvCabinetSetFirstPage::ask(const QString& question)
-{
-    return CMessageBox::question(this, question, QStringLiteral("Orvel"),
-                                 CMessageBox::Buttons(CMessageBox::Yes | CMessageBox::No),
-                                 CMessageBox::Yes) == CMessageBox::YesResult;
 }
 
 void CMultiRcvCabinetSetFirstPage::showParameterFile()

@@ -40,7 +40,6 @@ private:
     void selectGridSize(const QSize& size);
     void onTriggered(QAction* action);
     void browse();
-    bool ask(const QString& question);
     void showParameterFile();
 
     const QString m_libraryFolder;
