@@ -51,13 +51,19 @@ void CabinetTypeDraft::save(const QString& parameterFile, const CabinetEdit& edi
         return;
     const QString file = fileOf(edit.typeName);
     const bool replaces = replacesOldFile(edit.typeName);
+    const bool inPlace = replaces && isSameFile(file, m_editedFile);
     fillRecord(m_record, parameterFile, md5OfFile(parameterFile), edit);
-    if (!(replaces ? replaceInLibrary(parameterFile, m_editedFile, file) : copyIntoLibrary(parameterFile, file)))
+    if (!(inPlace ? replaceInLibrary(parameterFile, m_editedFile, file) : copyIntoLibrary(parameterFile, file)))
         return;
     // A parameter file from a read-only medium is copied with its permissions.
     QFile::setPermissions(file, QFile::permissions(file) | QFile::WriteOwner);
     host->writeCabinetInfo(file, m_record);
     removeFromCache(file);
+    // Under another name the old type stays until the new one is complete.
+    if (replaces && !isSameFile(file, m_editedFile)) {
+        QFile::remove(m_editedFile);
+        removeFromCache(m_editedFile);
+    }
 }
 
 QString CabinetTypeDraft::fileOf(const QString& name) const

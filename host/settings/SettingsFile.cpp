@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include <unistd.h>
+
 namespace {
 
 // Far more than the settings with thousands of recipients need.
@@ -42,11 +44,12 @@ StoredSettings SettingsFile::load(QStringList& messages)
         break;
     case State::Damaged: {
         QString reason;
-        const QString aside = moveAside(reason);
+        QString ignored;
+        const bool restored = inspect(m_path + QLatin1String(".bak"), m_document, ignored) == State::Sound;
+        const QString aside = restored ? replaceDamaged(m_document, reason) : moveAside(reason);
         messages << tr("The settings file %1 cannot be used: %2").arg(QDir::toNativeSeparators(m_path), error);
         messages << (aside.isEmpty() ? tr("It could not be moved aside: %1").arg(reason)
                                      : tr("It was kept as %1.").arg(QDir::toNativeSeparators(aside)));
-        const bool restored = inspect(m_path + QLatin1String(".bak"), m_document, error) == State::Sound;
         messages << (restored ? tr("The settings saved before it are used instead.")
                               : tr("All settings start from their defaults."));
         break;
@@ -70,29 +73,35 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
     QJsonObject present;
     QString reason;
     const State state = inspect(m_path, present, reason);
-    if (state == State::Damaged && moveAside(error).isEmpty())
-        return false;
     if (state == State::Sound && present == document)
         return QFile::setPermissions(m_path, ownerOnly);
     if (state == State::Sound && SettingsJson::version(present) > SettingsJson::currentVersion && !keepNewer(error))
         return false;
     const bool passwordMoves = settings.host.passwordInKeychain && holdsPassword(present);
-    if (!replace(document, !passwordMoves, error))
-        return false;
-    m_document = document;
-    return true;
+    const bool saved =
+        state == State::Damaged ? !replaceDamaged(document, error).isEmpty() : replace(document, !passwordMoves, error);
+    if (saved)
+        m_document = document;
+    return saved;
 }
 
 bool SettingsFile::replace(const QJsonObject& document, bool keepPrevious, QString& error) const
 {
-    const QByteArray content = QJsonDocument(document).toJson();
     if (keepPrevious)
-        return SafeFile::replaceKeepingPrevious(m_path, content, error, ownerOnly);
-    const auto write = [&](QIODevice& device, QString& reason) { return SafeFile::write(device, content, reason); };
-    if (!SafeFile::replace(m_path, write, error, ownerOnly))
+        return SafeFile::replaceKeepingPrevious(m_path, QJsonDocument(document).toJson(), error, ownerOnly);
+    if (!write(document, error))
         return false;
     QFile::remove(m_path + QLatin1String(".bak"));
     return true;
+}
+
+bool SettingsFile::write(const QJsonObject& document, QString& error) const
+{
+    const QByteArray content = QJsonDocument(document).toJson();
+    const auto writeContent = [&](QIODevice& device, QString& reason) {
+        return SafeFile::write(device, content, reason);
+    };
+    return SafeFile::replace(m_path, writeContent, error, ownerOnly);
 }
 
 bool SettingsFile::holdsPassword(const QJsonObject& document)
@@ -128,6 +137,28 @@ QString SettingsFile::moveAside(QString& error) const
     if (name.isEmpty())
         error = file.errorString();
     return name;
+}
+
+// Keeps the file under a name of its own and puts the document in its place. Where the disk can, the file has both
+// names for a moment: there is never none, so that a process that ends here is not taken for a first run by the next.
+// The new name, or nothing with the reason in `error`; the file is then where it was.
+QString SettingsFile::replaceDamaged(const QJsonObject& document, QString& error) const
+{
+    const auto link = [this](const QString& to) {
+        return QFileInfo(m_path).isFile() &&
+               ::link(QFile::encodeName(m_path).constData(), QFile::encodeName(to).constData()) == 0;
+    };
+    QString name = firstFree(m_path, QStringLiteral(".damaged"), link);
+    const bool linked = !name.isEmpty();
+    if (!linked)
+        name = moveAside(error);
+    if (name.isEmpty() || write(document, error))
+        return name;
+    if (linked)
+        QFile::remove(name);
+    else
+        QFile::rename(name, m_path);
+    return {};
 }
 
 // Copies the file of a newer version, once.

@@ -22,7 +22,8 @@ public:
     QString path() const { return m_path; }
 
     // What the file holds, with the default for everything it lacks. `messages` gets what the user must know about a
-    // file that was not as it should be; a file that does not exist is not worth a word.
+    // file that was not as it should be; a file that does not exist is not worth a word. A damaged file is replaced by
+    // the generation before it, if there is one.
     StoredSettings load(QStringList& messages);
 
     // Replaces the file by the settings, keeping the keys that load() found and did not know. Does nothing when the
@@ -41,7 +42,9 @@ private:
     static State inspect(const QString& path, QJsonObject& document, QString& error);
     static bool holdsPassword(const QJsonObject& document);
     bool replace(const QJsonObject& document, bool keepPrevious, QString& error) const;
+    bool write(const QJsonObject& document, QString& error) const;
     QString moveAside(QString& error) const;
+    QString replaceDamaged(const QJsonObject& document, QString& error) const;
     bool keepNewer(QString& error);
 
     QString m_path;

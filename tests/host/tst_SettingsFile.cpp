@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aDamagedFileIsSetAside_data();
     void aDamagedFileIsSetAside();
     void theGenerationBeforeADamagedFileIsUsed();
+    void aDamagedFileStaysOnAFullDisk();
     void severalDamagedFilesAreKept();
     void aFileThatWasDamagedMeanwhileIsSetAside();
     void whatIsNoFileIsSetAside();
@@ -205,6 +206,29 @@ void tst_SettingsFile::theGenerationBeforeADamagedFileIsUsed()
     SettingsFile other(file());
     QCOMPARE(load(other).record.monitoring.nRefreshInterval, 11);
     QCOMPARE(m_messages.constLast(), QStringLiteral("The settings saved before it are used instead."));
+    QCOMPARE(readFile(file(QStringLiteral(".damaged"))), QByteArray("{"));
+    // Also the next time, should the program be killed before it saves.
+    SettingsFile next(file());
+    QCOMPARE(load(next).record.monitoring.nRefreshInterval, 11);
+    QCOMPARE(m_messages, QStringList());
+}
+
+void tst_SettingsFile::aDamagedFileStaysOnAFullDisk()
+{
+    SettingsFile settings(file());
+    save(settings, 11);
+    save(settings, 12);
+    const QByteArray damaged(100, '{');
+    QVERIFY(writeFile(file(), damaged));
+    {
+        const DiskIsFull full(10);
+        StoredSettings changed;
+        QString error;
+        QVERIFY(!settings.save(changed, error));
+        QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 11);
+    }
+    QCOMPARE(readFile(file()), damaged);
+    QVERIFY(!QFile::exists(file(QStringLiteral(".damaged"))));
 }
 
 void tst_SettingsFile::severalDamagedFilesAreKept()

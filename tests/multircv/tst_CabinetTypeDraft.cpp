@@ -181,7 +181,14 @@ void tst_CabinetTypeDraft::savesEditedTypeUnderAnotherName()
 {
     const QString type = addType(QStringLiteral("Cab.rcvbp"));
     const SMD5 md5 = md5OfFile(type);
+    bool oldStayed = false;
+    const auto writeRecord = m_pLibrary->handler->write;
+    m_pLibrary->handler->write = [&](const QString& path, const SHwRcvInCabinetInfo& info) {
+        oldStayed = QFile::exists(type);
+        writeRecord(path, info);
+    };
     CabinetTypeDraft(m_pLibrary->path(QStringLiteral("G")), type).save(m_parameterFile, named(QStringLiteral("New")));
+    QVERIFY(oldStayed); // until the new one is complete
     QCOMPARE(m_pLibrary->files(),
              QStringList({QStringLiteral("G/Card.rcvp=card"), QStringLiteral("G/New.rcvbp=multi card")}));
     QVERIFY(!isEmpty(md5));

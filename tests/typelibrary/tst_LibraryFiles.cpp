@@ -22,6 +22,7 @@ private Q_SLOTS:
     void replacesWhatIsGone();
     void replacesNothingForeign();
     void replacesByItself();
+    void replacesAFileAndALinkToIt();
     void fullDisk();
     void unwritableFolder();
     void readOnlyFolder();
@@ -96,6 +97,17 @@ void tst_LibraryFiles::replacesByItself()
     const QString file = m_pLibrary->path(QStringLiteral("A.rcvp"));
     QVERIFY(replaceInLibrary(file, file, file));
     QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("A.rcvp=old")}));
+}
+
+void tst_LibraryFiles::replacesAFileAndALinkToIt()
+{
+    const QString file = m_pLibrary->path(QStringLiteral("A.rcvp"));
+    const QString link = m_pLibrary->path(QStringLiteral("B.rcvp"));
+    QVERIFY(QFile::link(file, link));
+    QVERIFY(replaceInLibrary(m_source, file, link));
+    QVERIFY(!QFileInfo(link).isSymLink());
+    QCOMPARE(m_pLibrary->contentOf(link), m_pLibrary->contentOf(m_source));
+    QCOMPARE(m_pLibrary->files().size(), 1);
 }
 
 void tst_LibraryFiles::fullDisk()

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
+#include <cstdio>
+
 namespace {
 
 // Does what QFile::copy() does, which waits for the disk after every file: an import of many would take ten times as
@@ -32,6 +34,13 @@ bool copyFile(const QString& source, const QString& target)
     return true;
 }
 
+// Gives the file the name of another in one step, so that the name always leads to one of them. QFile::rename() leaves
+// other files alone, and deleting them first would lose both when the process is killed.
+bool takePlace(const QString& file, const QString& target)
+{
+    return std::rename(QFile::encodeName(file).constData(), QFile::encodeName(target).constData()) == 0;
+}
+
 } // namespace
 
 bool copyIntoLibrary(const QString& source, const QString& target)
@@ -43,15 +52,13 @@ bool copyIntoLibrary(const QString& source, const QString& target)
 
 bool replaceInLibrary(const QString& source, const QString& old, const QString& target)
 {
-    // Copied first, beside the target and hidden from scans: on a full disk the old file is not lost.
+    // Copied first, beside the target and hidden from scans: whatever comes in between, the old file is not lost.
     const QTemporaryDir staging(QFileInfo(target).path() + QLatin1String("/.new-XXXXXX"));
     const QString copy = staging.filePath(QStringLiteral("type"));
     const bool inPlace = old == target || isSameFile(old, target);
-    bool replaced = staging.isValid() && copyFile(source, copy);
-    if (replaced && inPlace)
-        QFile::remove(old);
-    replaced = replaced && QFile::rename(copy, target);
-    if (replaced && !inPlace)
+    const bool replaced = staging.isValid() && copyFile(source, copy) &&
+                          (inPlace ? takePlace(copy, target) : QFile::rename(copy, target));
+    if (replaced && !isSameFile(old, target))
         QFile::remove(old);
     removeFromCache(old);
     removeFromCache(target);
