@@ -34,24 +34,52 @@ bool copyContent(const CFileDescriptor& from, const CFileDescriptor& to)
     return count == 0;
 }
 
-// Writes a copy of the file `from` under a temporary name and gives it its own when it is complete.
+// Makes the file that `create` opens for the name it is given, under a name that no file has.
+template<typename Create>
+bool makeTemporary(QByteArray& name, Create create)
+{
+    bool made = false;
+    do {
+        name = temporaryName();
+        made = create(name.constData());
+    } while (!made && errno == EEXIST); // left behind by a process of the same number that was killed
+    return made;
+}
+
+// Gives a name to a file that has none. False if it is taken.
+bool giveName(const CFileDescriptor& file, const CFileDescriptor& folder, const char* name)
+{
+    const QByteArray self = "/proc/self/fd/" + QByteArray::number(file.get());
+    return ::linkat(AT_FDCWD, self.constData(), folder.get(), name, AT_SYMLINK_FOLLOW) == 0;
+}
+
+// Writes a copy of the file `from` and gives it its name when it is complete. Until then it has no name, so that
+// nothing is left behind by a process that is killed, or a temporary one where the file system cannot do that.
 bool copyFile(const CFileDescriptor& from, const struct stat& status, const CFileDescriptor& folder, const char* name)
 {
+    const mode_t mode = status.st_mode & permissions;
     QByteArray temporary;
-    CFileDescriptor to;
-    do {
-        temporary = temporaryName();
-        to = CFileDescriptor(::openat(folder.get(), temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                                      status.st_mode & permissions));
-    } while (!to.isOpen() && errno == EEXIST); // left behind by a process of the same number that was killed
-    if (!to.isOpen())
+    static const bool canGiveNames = ::access("/proc/self/fd", X_OK) == 0;
+    CFileDescriptor to(canGiveNames ? ::openat(folder.get(), ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, mode) : -1);
+    const bool isUnnamed = to.isOpen();
+    const auto create = [&](const char* unused) {
+        to = CFileDescriptor(::openat(folder.get(), unused, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        return to.isOpen();
+    };
+    if (!isUnnamed && !makeTemporary(temporary, create))
         return false;
 
     const std::array<timespec, 2> times = {timespec{0, UTIME_NOW}, status.st_mtim};
-    if (copyContent(from, to) && ::futimens(to.get(), times.data()) == 0 && to.close() &&
-        ::renameat(folder.get(), temporary.constData(), folder.get(), name) == 0)
+    bool complete = copyContent(from, to) && ::futimens(to.get(), times.data()) == 0;
+    if (complete && isUnnamed) {
+        if (giveName(to, folder, name))
+            return true;
+        complete = makeTemporary(temporary, [&](const char* unused) { return giveName(to, folder, unused); });
+    }
+    if (complete && to.close() && ::renameat(folder.get(), temporary.constData(), folder.get(), name) == 0)
         return true;
-    ::unlinkat(folder.get(), temporary.constData(), 0);
+    if (!temporary.isEmpty())
+        ::unlinkat(folder.get(), temporary.constData(), 0);
     return false;
 }
 

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void aLibraryThatExistsIsLeftAlone();
     void withoutSamplesTheLibraryIsEmpty();
     void aCopyThatIsCutOffLeavesNothing();
+    void whatAKilledRunHasLeftIsRemoved();
     void aFolderThatCannotBeMade();
 
 private:
@@ -92,6 +93,17 @@ void tst_SampleLibrary::aCopyThatIsCutOffLeavesNothing()
              QStringList{QStringLiteral("samples")});
     QVERIFY(SampleLibrary::create(path("library"), path("samples")));
     QCOMPARE(filesBelow(path("library")).size(), 2);
+}
+
+void tst_SampleLibrary::whatAKilledRunHasLeftIsRemoved()
+{
+    QVERIFY(writeFile(path("samples/a.rcvp"), "a"));
+    QVERIFY(writeFile(path("library.new-AbCdEf/library/a.rcvp"), "a"));
+    QVERIFY(writeFile(path("another.new-AbCdEf/a.rcvp"), "a"));
+    QVERIFY(makeLink(path("another.new-AbCdEf"), path("library.new-AbCdEg")));
+    QVERIFY(SampleLibrary::create(path("library"), path("samples")));
+    QVERIFY(!QFileInfo::exists(path("library.new-AbCdEf")));
+    QVERIFY(QFileInfo::exists(path("library.new-AbCdEg/a.rcvp")));
 }
 
 void tst_SampleLibrary::aFolderThatCannotBeMade()

@@ -4,8 +4,8 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QUuid>
 
 #include <cstdio>
 
@@ -53,11 +53,12 @@ bool copyIntoLibrary(const QString& source, const QString& target)
 bool replaceInLibrary(const QString& source, const QString& old, const QString& target)
 {
     // Copied first, beside the target and hidden from scans: whatever comes in between, the old file is not lost.
-    const QTemporaryDir staging(QFileInfo(target).path() + QLatin1String("/.new-XXXXXX"));
-    const QString copy = staging.filePath(QStringLiteral("type"));
+    const QString copy = QStringLiteral("%1/.new-%2").arg(QFileInfo(target).path(), QUuid::createUuid().toString());
     const bool inPlace = old == target || isSameFile(old, target);
-    const bool replaced = staging.isValid() && copyFile(source, copy) &&
-                          (inPlace ? takePlace(copy, target) : QFile::rename(copy, target));
+    const bool copied = copyFile(source, copy);
+    const bool replaced = copied && (inPlace ? takePlace(copy, target) : QFile::rename(copy, target));
+    if (copied && !replaced)
+        QFile::remove(copy);
     if (replaced && !isSameFile(old, target))
         QFile::remove(old);
     removeFromCache(old);
