@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+// Copies of the test's process, for what happens to a process as a whole.
+namespace ChildProcess {
+
+// Runs the function in a child; what it gives, or how the child ended otherwise.
+QString run(const std::function<QString()>& function);
+
+// Runs the function in a child and kills it after so many microseconds; false if it ended before that.
+bool runAndKill(const std::function<void()>& function, unsigned microseconds);
+
+} // namespace ChildProcess
+
+// Disks that only the child that makes them sees. To be used in a child alone.
+namespace PrivateDisk {
+
+// Whether this system lets the tests have such disks.
+bool isAvailable();
+
+// Puts an empty disk of so many bytes in the place of the folder.
+bool mount(const QString& folder, qint64 bytes);
+bool makeReadOnly(const QString& folder);
+
+} // namespace PrivateDisk

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tests/faults/Write.h"
+
+// Contents that can be told apart, and the steps of the tests themselves, which leave no half-written file either when
+// they are killed.
+
+// What is in a type file with payload number `number`.
+QByteArray content(int number);
+
+// Puts the content in the place of the file.
+void putFile(const WritePlace& place, const QString& path, const QByteArray& content);
+
+// Removes the file or folder, if it is there.
+void takeAway(const WritePlace& place, const QString& path);
+
+// Has the host write that type file.
+bool writeTypeFile(const QString& path, int number);
+
+// What is wrong with the type file if it is there.
+QString problemOfTypeFile(const QString& path);

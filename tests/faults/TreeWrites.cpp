@@ -1,0 +1,110 @@
+#include "tests/faults/Contents.h"
+#include "tests/faults/Write.h"
+#include "tests/support/FileFixture.h"
+#include "typelibrary/CProductTreeModel.h"
+#include "typelibrary/store/LibraryClearing.h"
+
+namespace {
+
+QString path(const WritePlace& place, const QString& name)
+{
+    return place.work + QLatin1Char('/') + name;
+}
+
+void makeLibrary(const WritePlace& place)
+{
+    writeFile(path(place, QStringLiteral("T1.rcvp")), content(1));
+    writeFile(path(place, QStringLiteral("G1/A.rcvp")), content(2));
+    writeFile(path(place, QStringLiteral("G1/H/B.rcvp")), content(3));
+}
+
+// Turns give the names in turn, the first of them T0 or G0.
+Write renameWrite(const char* title, const QString& name)
+{
+    Write write;
+    write.name = title;
+    write.writesContent = false;
+    write.mayAsk = true;
+    write.prepare = makeLibrary;
+    write.perform = [=](const WritePlace& place, int turn) {
+        CProductTreeModel model;
+        const QModelIndex entry = model.index(path(place, name.arg(1 - turn % 2)));
+        model.setRootPath(place.work);
+        return model.setData(entry, QFileInfo(name.arg(turn % 2)).completeBaseName());
+    };
+    write.inspect = [=](const WritePlace& place) {
+        const int found = QFileInfo::exists(path(place, name.arg(0))) + QFileInfo::exists(path(place, name.arg(1)));
+        return found == 1 ? QString() : QStringLiteral("There are %1 entries").arg(found);
+    };
+    return write;
+}
+
+Write newFolderWrite()
+{
+    const QString name = QStringLiteral("New");
+    Write write;
+    write.name = "new folder";
+    write.writesContent = false;
+    write.prepare = makeLibrary;
+    write.perform = [=](const WritePlace& place, int turn) {
+        CProductTreeModel model;
+        if (turn % 2 == 0)
+            return model.mkdir(model.index(place.work), name).isValid();
+        takeAway(place, path(place, name));
+        return true;
+    };
+    return write;
+}
+
+// In odd turns the library is there again.
+Write removal(const char* title, const std::function<bool(const WritePlace&)>& remove)
+{
+    Write write;
+    write.name = title;
+    write.writesContent = false;
+    write.prepare = makeLibrary;
+    write.perform = [=](const WritePlace& place, int turn) {
+        if (turn % 2 == 0)
+            return remove(place);
+        WritePlace again = place;
+        again.work = place.trash + QStringLiteral("/again");
+        makeLibrary(again);
+        for (const char* name : {"T1.rcvp", "G1"})
+            QFile::rename(path(again, QLatin1String(name)), path(place, QLatin1String(name))); // unless it is there
+        return true;
+    };
+    return write;
+}
+
+bool removeInModel(const WritePlace& place, const QString& name)
+{
+    CProductTreeModel model;
+    const QModelIndex entry = model.index(path(place, name));
+    return entry.isValid() && model.remove(entry);
+}
+
+QList<Write> removals()
+{
+    Write type = removal("deletion of a type",
+                         [](const WritePlace& place) { return removeInModel(place, QStringLiteral("T1.rcvp")); });
+    Write group = removal("deletion of a group",
+                          [](const WritePlace& place) { return removeInModel(place, QStringLiteral("G1")); });
+    group.isAtomic = false;
+    Write all = removal("deletion of all", [](const WritePlace& place) {
+        const auto names = [&] { return QDir(place.work).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); };
+        const bool wasThere = !names().isEmpty();
+        clearLibrary(place.work, [](const SMD5&) { return false; });
+        return wasThere && names().isEmpty();
+    });
+    all.isAtomic = false;
+    return {type, group, all};
+}
+
+} // namespace
+
+QList<Write> treeWrites()
+{
+    return QList<Write>{renameWrite("renaming of a type", QStringLiteral("T%1.rcvp")),
+                        renameWrite("renaming of a group", QStringLiteral("G%1")), newFolderWrite()} +
+           removals();
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QString>
+
+#include <functional>
+
+// Where a write takes place.
+struct WritePlace
+{
+    QString work;   // the folder that is written to, which faults befall
+    QString source; // a folder that is only read, on a sound disk
+    QString trash;  // what repeating a write has to get out of the way goes here, on the same disk as `work`
+};
+
+// One way in which the host or the plug-in writes files.
+struct Write
+{
+    QByteArray name;
+
+    // Fills the empty folders.
+    std::function<void(const WritePlace&)> prepare;
+
+    // The write itself in even turns; in odd ones what makes it possible again, or the write with the other content.
+    // False when it was reported as failed.
+    std::function<bool(const WritePlace&, int turn)> perform;
+
+    // What a program that starts now finds wrong; empty if nothing.
+    std::function<QString(const WritePlace&)> inspect = [](const WritePlace&) { return QString(); };
+
+    // Whether a failure leaves everything as it was. Otherwise each file is as it was, or new and whole.
+    bool isAtomic = true;
+
+    // Whether it writes contents, which a full disk prevents.
+    bool writesContent = true;
+
+    // Whether its steps are done by path one after the other with a box of Qt's when the path changes in between.
+    bool mayAsk = false;
+
+    // Whole contents that are neither the old nor the new one, by path, which a write in two steps may stop at.
+    std::function<QMap<QString, QByteArray>(const WritePlace&)> stages = [](const WritePlace&) {
+        return QMap<QString, QByteArray>();
+    };
+};
+
+// The size that the contents have at least.
+constexpr int contentSize = 100'000;
+
+QList<Write> hostWrites();
+QList<Write> libraryWrites();
+QList<Write> wizardWrites();
+QList<Write> treeWrites();
