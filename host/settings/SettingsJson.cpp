@@ -3,9 +3,10 @@
 #include "host/settings/JsonReader.h"
 #include "host/settings/JsonWriter.h"
 
+#include <QHash>
 #include <QJsonArray>
+#include <QMap>
 
-#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -163,15 +164,19 @@ void readShortcuts(const QJsonValue& value, SSettings::ShortcutMap& shortcuts)
 
 QJsonObject writeShortcuts(const SSettings::ShortcutMap& shortcuts, const QJsonObject& previous)
 {
-    QJsonObject object;
+    QMap<QString, QJsonValue> entries;
     for (auto it = previous.begin(); it != previous.end(); ++it) {
         bool isIndex = false;
         it.key().toInt(&isIndex);
         if (!isIndex)
-            object.insert(it.key(), it.value());
+            entries.insert(it.key(), it.value());
     }
     for (auto it = shortcuts.begin(); it != shortcuts.end(); ++it)
-        object.insert(QString::number(it.key()), keysOf(it.value()));
+        entries.insert(QString::number(it.key()), keysOf(it.value()));
+    // In the order of the keys, in which the object holds them: no entry has to make room for a later one.
+    QJsonObject object;
+    for (auto it = entries.cbegin(); it != entries.cend(); ++it)
+        object.insert(it.key(), it.value());
     return object;
 }
 
@@ -193,13 +198,17 @@ QList<SEmailRecipient> readRecipients(const QJsonArray& array)
 
 QJsonArray writeRecipients(const QList<SEmailRecipient>& recipients, const QJsonArray& previous)
 {
+    // The address is what tells one recipient from another: keys that are not ours stay with it.
+    QHash<QString, QJsonObject> entries;
+    for (const QJsonValue& value : previous) {
+        const QJsonObject entry = value.toObject();
+        const QString address = entry.value(addressKey).toString();
+        if (!entries.contains(address))
+            entries.insert(address, entry);
+    }
     QJsonArray array;
     for (const SEmailRecipient& recipient : recipients) {
-        // The address is what tells one recipient from another: keys that are not ours stay with it.
-        const auto same = std::find_if(previous.begin(), previous.end(), [&](const QJsonValue& value) {
-            return value.toObject().value(addressKey).toString() == recipient.strAddress;
-        });
-        JsonWriter fields(same != previous.end() ? (*same).toObject() : QJsonObject());
+        JsonWriter fields(entries.value(recipient.strAddress));
         fields.field(nameKey.data(), recipient.strName);
         fields.field(addressKey.data(), recipient.strAddress);
         array.append(fields.object());
