@@ -18,6 +18,7 @@ packages_for()
             "libcurl4-openssl-dev qtkeychain-qt5-dev" ;;
         run) echo "ca-certificates fonts-dejavu-core fonts-noto-cjk" ;;
         test) echo "dbus openssl python3-aiosmtpd" ;;
+        coverage) echo "gcovr python3" ;;
         fuzz) echo "clang libclang-rt-14-dev" ;;
         lint) echo "clang clang-format-14 clang-tidy-14 clazy python3" ;;
         *) fail "no packages are known for the job $job" ;;

@@ -1,7 +1,6 @@
 // The input is a type file. It is read as it is, and with the header's size and checksum put right: few inputs would
 // get past these.
 
-#include "host/typefile/CabinetSection.h"
 #include "host/typefile/Crc32.h"
 #include "host/typefile/TypeFile.h"
 #include "tests/fuzz/Expect.h"
@@ -10,6 +9,7 @@
 #include <QtEndian>
 
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -26,9 +26,15 @@ void expectLimits(const TypeFileHeader& header)
     EXPECT(header.cabinetSize().width() >= header.width && header.cabinetSize().height() >= header.height);
     if (!header.cabinet)
         return;
-    EXPECT(CabinetSection::problemOf(*header.cabinet).isEmpty());
-    EXPECT(header.cabinet->columns * header.cabinet->rows <= 10);
-    EXPECT(std::isfinite(header.cabinet->power) && header.cabinet->power >= 0);
+    const SHwRcvInCabinetInfo& cabinet = *header.cabinet;
+    const auto cells = std::size_t{cabinet.columns} * cabinet.rows;
+    EXPECT(cells >= 1 && cells <= cabinet.wiringOrder.size());
+    const std::set<int> wired(cabinet.wiringOrder.begin(), cabinet.wiringOrder.begin() + cells);
+    EXPECT(wired.size() == cells && *wired.rbegin() == static_cast<int>(cells) - 1);
+    for (const float value : {cabinet.weight, cabinet.power, cabinet.voltageMin, cabinet.voltageMax})
+        EXPECT(std::isfinite(value) && value >= 0);
+    EXPECT(cabinet.voltageMin <= cabinet.voltageMax);
+    EXPECT(cabinet.md5.data[32] == '\0');
 }
 
 std::optional<TypeFileHeader> read(QByteArray file)
