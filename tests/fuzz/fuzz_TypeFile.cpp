@@ -59,6 +59,7 @@ void readTwice(const QByteArray& file)
     const auto bytes = header->toBytes(error);
     EXPECT(bytes.has_value());
     EXPECT(bytes->size() <= TypeFileHeader::maxSize);
+    EXPECT(bytes->size() <= qFromLittleEndian<int>(file.constData() + sizeOffset)); // nothing was read behind it
     const auto again = TypeFileHeader::fromBytes(*bytes, qint64{bytes->size()} + header->payloadSize, error);
     EXPECT(again.has_value());
     EXPECT(again->otherSections == header->otherSections);
