@@ -25,26 +25,29 @@ QString settingsPath(const WritePlace& place)
     return place.work + QStringLiteral("/settings.json");
 }
 
+// What is written through a buffer fails at another moment than what is longer.
+constexpr int bufferedSize = 1000;
+
 // Differs from turn to turn in one number, or in whether it holds a password.
-StoredSettings settingsOf(int turn, bool passwordMoves)
+StoredSettings settingsOf(int turn, bool passwordMoves, int size)
 {
     StoredSettings stored;
     stored.record.monitoring.nRefreshInterval = 100 + turn % 2;
     for (int i = 0; i < 10; ++i)
-        stored.record.email.lstRecipients.append({QString(contentSize / 10, QLatin1Char('n')), QString()});
+        stored.record.email.lstRecipients.append({QString(size / 10, QLatin1Char('n')), QString()});
     stored.host.passwordInKeychain = passwordMoves && turn % 2 == 0;
     if (passwordMoves && turn % 2 == 1)
         stored.record.email.strPassword = QStringLiteral("secret");
     return stored;
 }
 
-bool saveSettings(const WritePlace& place, int turn, bool passwordMoves = false)
+bool saveSettings(const WritePlace& place, int turn, bool passwordMoves = false, int size = contentSize)
 {
     SettingsFile file(settingsPath(place));
     QStringList messages;
     QString error;
     file.load(messages);
-    return isDone(file.save(settingsOf(turn, passwordMoves), error), error);
+    return isDone(file.save(settingsOf(turn, passwordMoves, size), error), error);
 }
 
 QString inspectSettings(const WritePlace& place)
@@ -56,15 +59,15 @@ QString inspectSettings(const WritePlace& place)
     return messages.join(QLatin1Char(' '));
 }
 
-Write settingsWrite(const char* name, bool passwordMoves)
+Write settingsWrite(const char* name, bool passwordMoves = false, int size = contentSize)
 {
     Write write;
     write.name = name;
     write.prepare = [=](const WritePlace& place) {
-        saveSettings(place, 0, passwordMoves);
-        saveSettings(place, 1, passwordMoves);
+        saveSettings(place, 0, passwordMoves, size);
+        saveSettings(place, 1, passwordMoves, size);
     };
-    write.perform = [=](const WritePlace& place, int turn) { return saveSettings(place, turn, passwordMoves); };
+    write.perform = [=](const WritePlace& place, int turn) { return saveSettings(place, turn, passwordMoves, size); };
     write.inspect = inspectSettings;
     return write;
 }
@@ -104,7 +107,7 @@ Write damagedSettingsWrite()
 Write newerSettingsWrite()
 {
     const auto makeNewer = [](const WritePlace& place) {
-        QJsonObject document = SettingsJson::write(settingsOf(1, false), {});
+        QJsonObject document = SettingsJson::write(settingsOf(1, false, contentSize), {});
         document.insert(QStringLiteral("version"), SettingsJson::currentVersion + 1);
         putFile(place, settingsPath(place), QJsonDocument(document).toJson());
         takeAway(place, settingsPath(place) + QStringLiteral(".newer"));
@@ -123,7 +126,7 @@ Write newerSettingsWrite()
     return write;
 }
 
-Write projectWrite()
+Write projectWrite(const char* name, int size)
 {
     const auto path = [](const WritePlace& place) { return place.work + QStringLiteral("/Stage.prj"); };
     const auto save = [=](const WritePlace& place, int turn) {
@@ -131,13 +134,13 @@ Write projectWrite()
         for (int i = 0; i < 10; ++i) {
             SMD5 md5 = {};
             std::snprintf(md5.data, sizeof md5.data, "%032x", i);
-            project.place(md5, QString(contentSize / 10, QLatin1Char(turn % 2 == 0 ? 'e' : 'o')));
+            project.place(md5, QString(size / 10, QLatin1Char(turn % 2 == 0 ? 'e' : 'o')));
         }
         QString error;
         return isDone(project.save(path(place), error), error);
     };
     Write write;
-    write.name = "project";
+    write.name = name;
     write.prepare = [=](const WritePlace& place) { save(place, 1); };
     write.perform = save;
     write.inspect = [=](const WritePlace& place) {
@@ -209,11 +212,13 @@ Write samplesWrite()
 
 QList<Write> hostWrites()
 {
-    return {settingsWrite("settings", false),
+    return {settingsWrite("settings"),
+            settingsWrite("settings, short", false, bufferedSize),
             settingsWrite("settings, password moved to the keychain", true),
             damagedSettingsWrite(),
             newerSettingsWrite(),
-            projectWrite(),
+            projectWrite("project", contentSize),
+            projectWrite("project, short", bufferedSize),
             typeFileWrite(),
             cabinetRecordWrite(),
             samplesWrite()};
