@@ -25,3 +25,4 @@ std::vector<Check> handlerChecks();
 std::vector<Check> dockingChecks();
 std::vector<Check> threadChecks();
 std::vector<Check> costChecks();
+std::vector<Check> randomUse();

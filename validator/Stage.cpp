@@ -18,6 +18,8 @@
 #include <cstdlib>
 #include <thread>
 
+#include <sys/stat.h>
+
 namespace {
 
 constexpr int patience = 30'000; // milliseconds; far beyond what a slow machine needs
@@ -42,6 +44,7 @@ QWidget* newCentral(QWidget* window)
 
 Stage::Stage(const Options& options, Report& report)
     : m_report(report),
+      m_root(QFileInfo(m_folder.path()).canonicalFilePath()),
       m_pHost(std::make_shared<HostState>(report))
 {
     QString error;
@@ -70,6 +73,7 @@ void Stage::dock()
     window->setCentralWidget(newCentral(window));
     window->resize(windowSize);
     m_pWindow = window;
+    m_pOverlay = window->centralWidget()->findChild<QWidget*>(QStringLiteral("OverLay"));
 
     IAbstractControlInterface* control = nullptr;
     if (!m_init(&control, window->centralWidget()) || !control) {
@@ -88,7 +92,7 @@ void Stage::dock()
         return;
     }
     window->centralWidget()->layout()->addWidget(area);
-    window->centralWidget()->findChild<QWidget*>(QStringLiteral("OverLay"))->raise();
+    m_pOverlay->raise();
     area->show();
     window->show();
     window->activateWindow();
@@ -102,9 +106,9 @@ void Stage::undock()
 
 QString Stage::folder(const QString& name) const
 {
-    const QString path = m_folder.filePath(name);
+    const QString path = m_root + QLatin1Char('/') + name;
     QDir().mkpath(path);
-    return QFileInfo(path).canonicalFilePath();
+    return path;
 }
 
 void Stage::fill(const QString& folder, int count, int first)
@@ -155,20 +159,26 @@ void Stage::work()
 {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    fitOverlay();
     m_report.trace().touch();
 }
 
-// As long as no panel is shown, the page under the overlay is to be reached.
 void Stage::fitOverlay()
 {
-    QWidget* const overlay = m_pWindow ? m_pWindow->findChild<QWidget*>(QStringLiteral("OverLay")) : nullptr;
-    if (!overlay)
+    if (!m_pOverlay)
         return;
-    const auto panels = overlay->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto panels = m_pOverlay->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     const bool isEmpty =
         std::none_of(panels.begin(), panels.end(), [](const QWidget* panel) { return panel->isVisible(); });
-    overlay->setAttribute(Qt::WA_TransparentForMouseEvents, isEmpty);
+    m_pOverlay->setAttribute(Qt::WA_TransparentForMouseEvents, isEmpty);
+}
+
+bool Stage::isQuiet() const
+{
+    // A folder has a link for each in it, besides its own two: cheaper than looking at all of them.
+    struct stat tasks = {};
+    if (::stat("/proc/self/task", &tasks) == 0 && static_cast<int>(tasks.st_nlink) - 2 <= m_baseThreads)
+        return true;
+    return threads() <= m_baseThreads;
 }
 
 int Stage::threads()

@@ -41,7 +41,8 @@ public:
     // Destroys the window.
     void undock();
 
-    // A folder of this stage, which is made.
+    // The folder that this stage works in, and one in it, which is made.
+    QString root() const { return m_root; }
     QString folder(const QString& name) const;
 
     // Fills the folder with so many numbered type files, some in groups; they begin at `first`.
@@ -56,20 +57,23 @@ public:
     // Lets the GUI thread do what waits, once.
     void work();
 
+    // Lets clicks through to the page where no panel lies over it.
+    void fitOverlay();
+
     // Threads of this process that are no thread of Qt's file system model, which last as long as the model.
     static int threads();
 
     // Whether the plug-in has no thread at work.
-    bool isQuiet() const { return threads() <= m_baseThreads; }
+    bool isQuiet() const;
 
 private:
-    void fitOverlay();
-
     Report& m_report;
-    QTemporaryDir m_folder;
+    const QTemporaryDir m_folder;
+    const QString m_root; // its canonical path
     SettingArea_InitFunction m_init = nullptr;
     ISettingInterface* m_pSettings = nullptr;
     QPointer<QMainWindow> m_pWindow;
+    QPointer<QWidget> m_pOverlay;
     std::shared_ptr<HostState> m_pHost;
     int m_baseThreads = 0;
 };

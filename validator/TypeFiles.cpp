@@ -3,7 +3,8 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+
+#include <cstdio>
 
 namespace {
 
@@ -79,8 +80,13 @@ std::optional<TypeFiles::Content> TypeFiles::read(const QString& path)
 
 bool TypeFiles::write(const QString& path, const QByteArray& text)
 {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    // Not QSaveFile, which waits for the disk: nobody needs these files after a power failure.
+    const QString unfinished = QFileInfo(path).path() + QStringLiteral("/.unfinished");
+    QFile file(unfinished);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        return false;
+    file.close();
+    return std::rename(QFile::encodeName(unfinished).constData(), QFile::encodeName(path).constData()) == 0;
 }
 
 QByteArray TypeFiles::digestOf(const QString& path)

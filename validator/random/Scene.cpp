@@ -1,0 +1,68 @@
+#include "validator/random/Scene.h"
+
+#include "validator/Report.h"
+#include "validator/TypeFiles.h"
+
+#include <QDir>
+
+namespace {
+
+constexpr int typesAtFirst = 12;
+constexpr int typesToImport = 20;
+
+} // namespace
+
+Scene::Scene(Stage& itsStage)
+    : stage(itsStage),
+      libraries{stage.folder(QStringLiteral("library")), stage.folder(QStringLiteral("other library"))},
+      source(stage.folder(QStringLiteral("source"))),
+      target(stage.folder(QStringLiteral("target")))
+{
+    Stage::fill(libraries[0], typesAtFirst);
+    Stage::fill(libraries[1], typesAtFirst / 2, typesAtFirst);
+    // Some of what is imported is in a library already.
+    Stage::fill(source, typesToImport, typesAtFirst / 2);
+    QDir().mkpath(source + QStringLiteral("/Deep/Deeper/Deepest/Too deep"));
+    Stage::fill(source + QStringLiteral("/Deep/Deeper/Deepest"), 2, 100);
+    QDir().mkpath(source + QStringLiteral("/Empty"));
+    stage.host()->languageSwitch = [this](const QLocale& locale) { language.speak(locale); };
+    setLibrary(libraries[0]);
+}
+
+Scene::~Scene()
+{
+    stage.host()->languageSwitch = nullptr;
+    if (m_worker.joinable())
+        m_worker.join();
+}
+
+void Scene::setLibrary(const QString& path)
+{
+    if (!m_isWorkerDone)
+        return;
+    if (m_worker.joinable())
+        m_worker.join();
+    library = path;
+    m_isWorkerDone = false;
+    m_worker = std::thread([this, path] {
+        if (!stage.settings().setTypeLibraryPath(path))
+            stage.report().fail(QStringLiteral("setTypeLibraryPath(\"%1\") is false").arg(path));
+        m_isWorkerDone = true;
+    });
+}
+
+bool Scene::isQuiet()
+{
+    if (!m_isWorkerDone)
+        return false;
+    if (m_worker.joinable())
+        m_worker.join();
+    return stage.isQuiet();
+}
+
+QString Scene::fileName(int serial)
+{
+    return QStringLiteral("Type %1.%2")
+        .arg(serial, 6, 10, QLatin1Char('0'))
+        .arg(QLatin1String(TypeFiles::numbered(serial).cabinet ? "rcvbp" : "rcvp"));
+}
