@@ -166,10 +166,12 @@ bool SettingsFile::keepNewer(QString& error)
 {
     if (m_bNewerKept)
         return true;
-    QFile file(m_path);
-    const QString name = firstFree(m_path, QStringLiteral(".newer"), [&](const QString& to) { return file.copy(to); });
-    if (name.isEmpty())
-        error = file.errorString();
+    const auto copy = [&](const QString& to) {
+        QFile file;
+        const auto write = [&file](QIODevice& device, QString& reason) { return SafeFile::copy(file, device, reason); };
+        return SafeFile::openForReading(file, m_path, error) && SafeFile::replace(to, write, error, ownerOnly);
+    };
+    const QString name = firstFree(m_path, QStringLiteral(".newer"), copy);
     m_bNewerKept = !name.isEmpty();
     return m_bNewerKept;
 }

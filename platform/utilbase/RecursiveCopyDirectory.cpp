@@ -59,7 +59,7 @@ bool copyFile(const CFileDescriptor& from, const struct stat& status, const CFil
 {
     const mode_t mode = status.st_mode & permissions;
     QByteArray temporary;
-    static const bool canGiveNames = ::access("/proc/self/fd", X_OK) == 0;
+    const bool canGiveNames = ::access("/proc/self/fd", X_OK) == 0;
     CFileDescriptor to(canGiveNames ? ::openat(folder.get(), ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, mode) : -1);
     const bool isUnnamed = to.isOpen();
     const auto create = [&](const char* unused) {

@@ -114,3 +114,8 @@ bool PrivateDisk::makeReadOnly(const QString& folder)
 {
     return ::mount(nullptr, QFile::encodeName(folder).constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
 }
+
+bool PrivateDisk::hideProcesses()
+{
+    return mount(QStringLiteral("/proc"), 1 << 20);
+}

@@ -15,14 +15,17 @@ bool runAndKill(const std::function<void()>& function, unsigned microseconds);
 
 } // namespace ChildProcess
 
-// Disks that only the child that makes them sees. To be used in a child alone.
+// Mounts that only the child that makes them sees. To be used in a child alone.
 namespace PrivateDisk {
 
-// Whether this system lets the tests have such disks.
+// Whether this system lets the tests have such mounts.
 bool isAvailable();
 
 // Puts an empty disk of so many bytes in the place of the folder.
 bool mount(const QString& folder, qint64 bytes);
 bool makeReadOnly(const QString& folder);
+
+// Takes /proc away, without which a file that has no name cannot get one.
+bool hideProcesses();
 
 } // namespace PrivateDisk

@@ -8,6 +8,7 @@
 #include <QRandomGenerator>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/statvfs.h>
 
 #include <algorithm>
@@ -148,15 +149,63 @@ QString repeated(const Stage& stage, int runs, bool mustFail, Function cut)
     return problem;
 }
 
+QString limited(const Write& write, const QString& folder, int runs)
+{
+    const Stage stage(write, folder);
+    return repeated(stage, runs, write.writesContent,
+                    [&](int run) { return std::make_unique<DiskIsFull>(cutOf(stage, run, runs)); });
+}
+
+QString killed(const Write& write, const QString& folder, int runs, int& torn)
+{
+    QString problem;
+    QRandomGenerator random(seed);
+    const Stage stage(write, folder);
+    for (int run = 0; run < runs && problem.isEmpty(); ++run) {
+        stage.reset();
+        constexpr unsigned longest = 5'000; // microseconds
+        const auto forEver = [&] {
+            for (int turn = 0;; ++turn)
+                write.perform(stage.place, turn);
+        };
+        if (!ChildProcess::runAndKill(forEver, random.bounded(longest)))
+            return QStringLiteral("Run %1: the child ended by itself").arg(run);
+        const FolderState found = stateOf(stage.place.work);
+        const auto paths = found.keys();
+        torn += std::any_of(paths.begin(), paths.end(), isTemporary) ? 1 : 0;
+        problem = stage.allowed().problemOf(found, true);
+        if (problem.isEmpty())
+            problem = write.inspect(stage.place);
+        if (!problem.isEmpty())
+            problem = QStringLiteral("Run %1: %2").arg(run).arg(problem);
+    }
+    return problem;
+}
+
+// A number that a child process counts up.
+class SharedCounter
+{
+public:
+    SharedCounter()
+        : m_memory(::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
+    {
+        if (m_memory == MAP_FAILED)
+            qFatal("No shared memory");
+    }
+    ~SharedCounter() { ::munmap(m_memory, sizeof(int)); }
+    Q_DISABLE_COPY(SharedCounter)
+
+    int& operator*() const { return *static_cast<int*>(m_memory); }
+
+private:
+    void* const m_memory;
+};
+
 } // namespace
 
 QString FaultRuns::fileSizeLimit(const Write& write, const QString& folder, int runs)
 {
-    return ChildProcess::run([&] {
-        const Stage stage(write, folder);
-        return repeated(stage, runs, write.writesContent,
-                        [&](int run) { return std::make_unique<DiskIsFull>(cutOf(stage, run, runs)); });
-    });
+    return ChildProcess::run([&] { return limited(write, folder, runs); });
 }
 
 QString FaultRuns::fullDisk(const Write& write, const QString& folder, int runs)
@@ -258,26 +307,21 @@ QString FaultRuns::vanishingFolder(const Write& write, const QString& folder, in
 
 QString FaultRuns::kill(const Write& write, const QString& folder, int runs, int& torn)
 {
-    QString problem;
-    QRandomGenerator random(seed);
-    const Stage stage(write, folder);
-    for (int run = 0; run < runs && problem.isEmpty(); ++run) {
-        stage.reset();
-        constexpr unsigned longest = 5'000; // microseconds
-        const auto forEver = [&] {
-            for (int turn = 0;; ++turn)
-                write.perform(stage.place, turn);
-        };
-        if (!ChildProcess::runAndKill(forEver, random.bounded(longest)))
-            return QStringLiteral("Run %1: the child ended by itself").arg(run);
-        const FolderState found = stateOf(stage.place.work);
-        const auto paths = found.keys();
-        torn += std::any_of(paths.begin(), paths.end(), isTemporary) ? 1 : 0;
-        problem = stage.allowed().problemOf(found, true);
-        if (problem.isEmpty())
-            problem = write.inspect(stage.place);
-        if (!problem.isEmpty())
-            problem = QStringLiteral("Run %1: %2").arg(run).arg(problem);
-    }
+    const SharedCounter counter;
+    const QString problem = ChildProcess::run([&] { return killed(write, folder, runs, *counter); });
+    torn = *counter;
+    return problem;
+}
+
+QString FaultRuns::namedTemporaries(const Write& write, const QString& folder, int runs, int& torn)
+{
+    const SharedCounter counter;
+    const QString problem = ChildProcess::run([&] {
+        if (!PrivateDisk::hideProcesses())
+            return QStringLiteral("The processes cannot be hidden");
+        const QString first = limited(write, folder, runs);
+        return first.isEmpty() ? killed(write, folder, runs, *counter) : first;
+    });
+    torn = *counter;
     return problem;
 }

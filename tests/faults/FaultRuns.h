@@ -24,4 +24,8 @@ QString vanishingFolder(const Write& write, const QString& folder, int runs);
 // The process is killed at some moment. `torn` counts the times that it has left temporary files.
 QString kill(const Write& write, const QString& folder, int runs, int& torn);
 
+// Limits and kills where the system cannot give a name to a file that has none: each file has a temporary one from the
+// beginning then.
+QString namedTemporaries(const Write& write, const QString& folder, int runs, int& torn);
+
 } // namespace FaultRuns

@@ -98,3 +98,13 @@ void FaultTest::kill()
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
     qInfo("%d of %d kills left temporary files", torn, runs);
 }
+
+void FaultTest::namedTemporaries()
+{
+    if (!PrivateDisk::isAvailable())
+        QSKIP("This system does not let a test mount a disk of its own");
+    int torn = 0;
+    const QString problem = FaultRuns::namedTemporaries(write(), m_folder->path(), runs / 4, torn);
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
+    qInfo("%d of %d kills left temporary files", torn, runs / 4);
+}

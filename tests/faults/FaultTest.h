@@ -33,6 +33,8 @@ private Q_SLOTS:
     void vanishingFolder();
     void kill_data() { addWrites(); }
     void kill();
+    void namedTemporaries_data() { addWrites(); }
+    void namedTemporaries();
 
 private:
     using Fault = QString (*)(const Write& write, const QString& folder, int runs);
