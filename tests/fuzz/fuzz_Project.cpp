@@ -5,6 +5,7 @@
 #include "tests/fuzz/IgnoredLeaks.h"
 
 #include <QFile>
+#include <QJsonDocument>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -35,11 +36,12 @@ bool areEqual(const Project& one, const Project& other)
                       other.placedTypes().end(), same);
 }
 
-QByteArray contentOf(const QString& path)
+QJsonDocument contentOf(const QString& path)
 {
+    const IgnoredLeaks ignored;
     QFile file(path);
     EXPECT(file.open(QIODevice::ReadOnly));
-    return file.readAll();
+    return QJsonDocument::fromJson(file.readAll());
 }
 
 } // namespace
@@ -71,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
 
     EXPECT(project.save(saved, error));
-    const QByteArray content = contentOf(saved);
+    const QJsonDocument content = contentOf(saved);
     Project again;
     EXPECT(load(again, saved, error));
     EXPECT(areEqual(project, again));

@@ -62,8 +62,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray file = QJsonDocument(SettingsJson::write(settings, given)).toJson();
     const QJsonObject parsed = parsedObject(file);
     EXPECT(!parsed.isEmpty());
-    // Every value is in the file, so that an equal file stands for equal settings.
+    // Every value is in the file, so that an equal file stands for equal settings. The order of keys is left out: where
+    // they hold zeros, as Qt's reader lets them, it is not the same in what was read and what was put together.
     const StoredSettings again = SettingsJson::read(parsed);
-    EXPECT(QJsonDocument(SettingsJson::write(again, parsed)).toJson() == file);
+    EXPECT(parsedObject(QJsonDocument(SettingsJson::write(again, parsed)).toJson()) == parsed);
     return 0;
 }
