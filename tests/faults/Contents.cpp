@@ -11,7 +11,9 @@ namespace {
 
 QByteArray payloadOf(int number)
 {
-    return QByteArray(contentSize + number, static_cast<char>('a' + number % 26));
+    QByteArray payload;
+    payload.fill(static_cast<char>('a' + number % 26), contentSize + number);
+    return payload;
 }
 
 QByteArray trashName(const WritePlace& place)

@@ -8,8 +8,8 @@
 // What is in a type file with payload number `number`.
 QByteArray content(int number);
 
-// Puts the content in the place of the file.
-void putFile(const WritePlace& place, const QString& path, const QByteArray& content);
+// Puts a file with these bytes in the place of the file.
+void putFile(const WritePlace& place, const QString& path, const QByteArray& bytes);
 
 // Removes the file or folder, if it is there.
 void takeAway(const WritePlace& place, const QString& path);

@@ -219,7 +219,7 @@ QString FaultRuns::fullDisk(const Write& write, const QString& folder, int runs)
         return repeated(stage, runs, write.writesContent, [&](int run) {
             struct statvfs status = {};
             ::statvfs(QFile::encodeName(folder).constData(), &status);
-            const auto free = static_cast<qint64>(status.f_bavail * status.f_bsize);
+            const auto free = static_cast<qint64>(status.f_bavail) * static_cast<qint64>(status.f_bsize);
             return std::make_unique<Filler>(folder + QStringLiteral("/filler"), free - cutOf(stage, run, runs));
         });
     });
