@@ -68,10 +68,20 @@ int runWindowed(char* program, const CommandLine& commandLine)
                                                                : openWindow(commandLine, plugin);
 }
 
+// The tree of the type library is Qt's own model of files, which builds one or two patterns for each file and uses each
+// of them once. Their translation into machine code would take most of the time that showing a large folder takes.
+void leavePatternsUntranslated()
+{
+    constexpr const char* variable = "QT_ENABLE_REGEXP_JIT"; // read by Qt before the first pattern
+    if (!qEnvironmentVariableIsSet(variable))
+        qputenv(variable, "0");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    leavePatternsUntranslated();
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);

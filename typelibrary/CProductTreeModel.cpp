@@ -1,28 +1,17 @@
 #include "typelibrary/CProductTreeModel.h"
 
 #include "typelibrary/CProductFileIconProvider.h"
+#include "typelibrary/store/LibraryFolders.h"
 #include "typelibrary/store/TypeFileAttributes.h"
+#include "typelibrary/store/TypeFolders.h"
 
 #include <widgetry/CMessageBox.h>
 
-#include <QDirIterator>
+#include <QDir>
 
 namespace {
 
 using NodeType = SSettings::TypeLibrary::STreeNode::NodeType;
-
-// Whether nothing in the folder is worth an expander: no sub-folder, whatever is in it, and no type file.
-bool isFreeOfTypes(const QString& folder)
-{
-    QDirIterator entries(folder, QDir::AllEntries | QDir::NoDotAndDotDot);
-    while (entries.hasNext()) {
-        entries.next();
-        const QFileInfo entry = entries.fileInfo();
-        if (entry.isDir() || hasTypeSuffix(entry))
-            return false;
-    }
-    return true;
-}
 
 // Names that would move the entry elsewhere or leave it without one. Renaming to such a name fails like renaming to a
 // name that is taken.
@@ -47,12 +36,22 @@ CProductTreeModel::CProductTreeModel(QObject* parent)
       m_pIconProvider(new CProductFileIconProvider)
 {
     setIconProvider(m_pIconProvider.get());
-    setNameFilters({QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")});
+    setNameFilters(typeFileFilters());
     setNameFilterDisables(false);
     connect(this, &QFileSystemModel::directoryLoaded, this, [this](const QString& folder) { m_loaded.insert(folder); });
+    forgetExpandersOn(&QFileSystemModel::layoutChanged);
+    forgetExpandersOn(&QFileSystemModel::modelReset);
+    forgetExpandersOn(&QFileSystemModel::rowsInserted);
+    forgetExpandersOn(&QFileSystemModel::rowsRemoved);
 }
 
 CProductTreeModel::~CProductTreeModel() = default;
+
+template<typename Signal>
+void CProductTreeModel::forgetExpandersOn(Signal signal)
+{
+    connect(this, signal, this, [this] { m_expandable.clear(); });
+}
 
 int CProductTreeModel::columnCount(const QModelIndex& /*parent*/) const
 {
@@ -63,7 +62,21 @@ bool CProductTreeModel::hasChildren(const QModelIndex& parent) const
 {
     if (parent.column() > 0)
         return false;
-    return !parent.isValid() || (isDir(parent) && !isFreeOfTypes(filePath(parent)));
+    return !parent.isValid() || (isDir(parent) && isExpandable(filePath(parent)));
+}
+
+bool CProductTreeModel::isExpandable(const QString& folder) const
+{
+    // The plug-in's own changes are known before the watcher tells the model about them.
+    const std::uint64_t removals = TypeFileInfoCache::instance().removals();
+    if (m_removals != removals)
+        m_expandable.clear();
+    m_removals = removals;
+
+    auto known = m_expandable.find(folder);
+    if (known == m_expandable.end())
+        known = m_expandable.insert(folder, !isFreeOfTypes(folder));
+    return *known;
 }
 
 QVariant CProductTreeModel::data(const QModelIndex& index, int role) const

@@ -3,8 +3,10 @@
 #include "typelibrary/store/TypeFileInfoCache.h"
 
 #include <QFileSystemModel>
+#include <QHash>
 #include <QSet>
 
+#include <cstdint>
 #include <memory>
 
 class CProductFileIconProvider;
@@ -37,7 +39,7 @@ public:
     ~CProductTreeModel() override;
 
     int columnCount(const QModelIndex& parent = {}) const override;
-    bool hasChildren(const QModelIndex& parent = {}) const override; // looks into the folder
+    bool hasChildren(const QModelIndex& parent = {}) const override; // looks at the folder
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
     // Renames the entry: `value` is the new base name of a file, whose suffix stays, or the new name of a folder.
@@ -49,13 +51,22 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    template<typename Signal>
+    void forgetExpandersOn(Signal signal);
+
     SSettings::TypeLibrary::STreeNode::NodeType nodeType(const QModelIndex& index) const;
 
     bool renameFolder(const QModelIndex& folder, const QString& name);
+
+    // Whether the folder gets an expander. A tree view asks for that when the pointer moves, too.
+    bool isExpandable(const QString& folder) const;
 
     // What the row's file is known, or now found, to be; nothing for folders and for files that are no types.
     TypeFileInfo typeInfo(const QModelIndex& index, TypeFileInfo::Attribute attribute) const;
 
     const std::unique_ptr<CProductFileIconProvider> m_pIconProvider;
     QSet<QString> m_loaded; // paths of the folders that have been read, and are watched
+
+    mutable QHash<QString, bool> m_expandable; // by path of the folder, as long as nothing has changed
+    mutable std::uint64_t m_removals = 0;      // from the attribute cache when these answers were found
 };

@@ -56,7 +56,7 @@ void tst_CProductTreeModel::onlyTypeFilesAndFoldersAreShown()
     QVERIFY(indexOf(QStringLiteral("b.rcvbp")).isValid());
     QTRY_COMPARE(model->rowCount(root), 3);
     QVERIFY(!model->nameFilterDisables());
-    QCOMPARE(model->nameFilters(), QStringList({QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")}));
+    QCOMPARE(model->nameFilters(), QStringList({QStringLiteral("*.rcvp"), QStringLiteral("*.rcvbp")}));
 }
 
 void tst_CProductTreeModel::texts()

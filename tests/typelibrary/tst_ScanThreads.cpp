@@ -3,10 +3,21 @@
 #include "typelibrary/store/TypeFileAttributes.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 
+#include <atomic>
 #include <future>
 #include <thread>
+
+namespace {
+
+int threadCount()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+}
+
+} // namespace
 
 // What happens around a scan that is under way.
 class tst_ScanThreads : public StoreFixture
@@ -17,6 +28,7 @@ private Q_SLOTS:
     void startUpdateScansOnAnotherThread();
     void searchWaitsForTheScan();
     void laterScanWins();
+    void requestsThatWaitShareOneScan();
     void hostMayCallBackFromAQuery();
     void destructionDoesNotWaitForAScan();
     void digestsAreComputedWhileTheHostIsAsked();
@@ -75,6 +87,40 @@ void tst_ScanThreads::laterScanWins()
     first.join();
     second.join();
     QCOMPARE(outline(store.nodes()), QStringList({QStringLiteral("s a"), QStringLiteral("s b")}));
+}
+
+void tst_ScanThreads::requestsThatWaitShareOneScan()
+{
+    const QString path = write(QStringLiteral("a.rcvp"), "a");
+    CTypeLibrary store;
+    store.setRootPath(library->path());
+    std::promise<void> asked;
+    std::promise<void> answer;
+    std::atomic_int scans{0};
+    handler->isMulti = [&](const QString& file) {
+        removeFromCache(file); // each scan asks anew
+        if (file == path && ++scans == 1) {
+            asked.set_value();
+            answer.get_future().wait();
+        }
+        return false;
+    };
+    removeFromCache(path);
+    const int threads = threadCount();
+    store.startUpdate();
+    asked.get_future().wait();
+
+    write(QStringLiteral("b.rcvp"), "b");
+    for (int i = 0; i < 5; ++i)
+        store.startUpdate();
+    QCOMPARE(threadCount(), threads + 2);
+    answer.set_value();
+    QTRY_COMPARE(threadCount(), threads);
+    QCOMPARE(scans, 2);
+    QCOMPARE(outline(store.nodes()), QStringList({QStringLiteral("s a"), QStringLiteral("s b")}));
+
+    store.updateLibrary(); // nothing waits: a scan of its own
+    QCOMPARE(scans, 3);
 }
 
 void tst_ScanThreads::hostMayCallBackFromAQuery()

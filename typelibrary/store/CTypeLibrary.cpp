@@ -7,6 +7,8 @@
 
 #include <QDir>
 
+#include <atomic>
+#include <cstdint>
 #include <mutex>
 #include <shared_mutex>
 #include <system_error>
@@ -18,26 +20,42 @@ struct CTypeLibrary::State
     std::shared_mutex lock;
     std::vector<STreeNode> nodes;
     QString folder;
-    TypeIndex index; // of `nodes`
+    TypeIndex index;           // of `nodes`
+    std::uint64_t scanned = 0; // the last request that was made before the latest complete scan began
+
+    std::atomic<std::uint64_t> requests{0};  // scans that were asked for so far
+    std::atomic_bool updateIsWaiting{false}; // a detached thread has yet to begin its scan
 
     // The state that the current thread is scanning for: its lock is held by this very thread.
     static thread_local const State* scannedHere;
 
-    // Scans the folder, after having replaced it if `newFolder` is given.
+    // Scans the folder, after having replaced it if `newFolder` is given. Requests that wait share one scan.
     void scan(const QString* newFolder = nullptr)
     {
         if (scannedHere == this)
             return; // asked for by a host query of the scan that is under way
-        if (ScanThread::processEnds())
+        ++requests;
+        scanOnce(newFolder);
+    }
+
+    // Scans on a detached thread, unless one that has not begun yet will do.
+    static void startScan(const std::shared_ptr<State>& state)
+    {
+        ++state->requests;
+        if (state->updateIsWaiting.exchange(true))
             return;
-        const std::unique_lock<std::shared_mutex> locker(lock);
-        const ScanMark mark(this);
-        index.clear();
-        nodes.clear();
-        if (newFolder)
-            folder = *newFolder;
-        nodes = scanLibrary(folder);
-        index.build(nodes);
+        const auto update = [state] {
+            try {
+                state->scanOnce();
+            } catch (...) {
+                // No memory, or a host query threw. The tree is empty; the next scan may do better.
+            }
+        };
+        try {
+            std::thread(update).detach();
+        } catch (const std::system_error&) {
+            update(); // no more threads to be had: a frozen moment is better than a tree that is out of date
+        }
     }
 
     // Runs `read` under the read lock, which the scanning thread has no need of.
@@ -56,6 +74,26 @@ struct CTypeLibrary::State
     }
 
 private:
+    // Scans the folder, unless a scan that began after the last request has done so.
+    void scanOnce(const QString* newFolder = nullptr)
+    {
+        if (ScanThread::processEnds())
+            return;
+        const std::unique_lock<std::shared_mutex> locker(lock);
+        updateIsWaiting = false; // before `requests` is read: later ones get a thread of their own
+        const std::uint64_t request = requests;
+        if (!newFolder && scanned == request)
+            return;
+        const ScanMark mark(this);
+        index.clear();
+        nodes.clear();
+        if (newFolder)
+            folder = *newFolder;
+        nodes = scanLibrary(folder);
+        index.build(nodes);
+        scanned = request;
+    }
+
     struct ScanMark
     {
         explicit ScanMark(const State* state)
@@ -98,18 +136,7 @@ void CTypeLibrary::updateLibrary()
 
 void CTypeLibrary::startUpdate()
 {
-    const auto update = [state = m_pState] {
-        try {
-            state->scan();
-        } catch (...) {
-            // No memory, or a host query threw. The tree is empty; the next scan may do better.
-        }
-    };
-    try {
-        std::thread(update).detach();
-    } catch (const std::system_error&) {
-        update(); // no more threads to be had: a frozen moment is better than a tree that is out of date
-    }
+    State::startScan(m_pState);
 }
 
 QString CTypeLibrary::rootPath() const

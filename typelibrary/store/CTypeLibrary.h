@@ -11,7 +11,8 @@
 // The library folder in memory: a tree of its groups and types, and the two searches that keep duplicates out.
 // The store only reads the folder, and only when told to: there is no watcher.
 // Every function may be called on any thread. A scan holds the write lock from beginning to end, so that searches
-// wait for it; two scans run one after the other and the later one wins. A host query may call back into the store on
+// wait for it; two scans run one after the other and the later one wins; those asked for before the later one begins
+// share it. A host query may call back into the store on
 // the thread that scans: it is answered at once, from the empty tree. Once the process has begun to end no scan starts
 // any more, and a question that would have to wait is answered as if the library were empty.
 class CTypeLibrary : public CSingleton<CTypeLibrary>

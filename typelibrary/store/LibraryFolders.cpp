@@ -17,7 +17,7 @@ bool isWithin(const QString& path, const QString& folder)
 
 QStringList typeFileFilters()
 {
-    return {QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")};
+    return {QStringLiteral("*.rcvp"), QStringLiteral("*.rcvbp")};
 }
 
 int groupLevel(const QString& folder, const QString& root)

@@ -9,7 +9,8 @@
 // Groups may be nested this deep. The library folder itself is level 0.
 constexpr int deepestGroupLevel = 3;
 
-// Wildcards of the type files' names, for copies that are to take nothing else.
+// Wildcards of the type files' names. The more frequent one comes first: QFileSystemModel compiles one after the other
+// for each file until one matches.
 QStringList typeFileFilters();
 
 // Level of `folder`, which lies in the library folder `root` or is that folder. Both are clean absolute paths.

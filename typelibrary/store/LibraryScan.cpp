@@ -2,6 +2,7 @@
 
 #include "typelibrary/store/ScanThread.h"
 #include "typelibrary/store/TypeFileAttributes.h"
+#include "typelibrary/store/TypeFolders.h"
 
 #include <QDir>
 
@@ -21,6 +22,11 @@ using TypeNodes = std::vector<STreeNode*>;
 QFileInfoList entriesOf(const QString& folder)
 {
     return QDir(folder).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name | QDir::DirsLast);
+}
+
+bool isWorthExpander(const QFileInfo& entry)
+{
+    return !entry.isSymLink() && (entry.isDir() || hasTypeSuffix(entry));
 }
 
 // Fills the node of one directory entry and, for a folder, of all below it; true if it is a type file or leads to one.
@@ -48,7 +54,10 @@ bool fillNode(const QFileInfo& entry, STreeNode& node, QStringList& ancestors)
 
     ancestors.append(canonical);
     bool leadsToType = false;
+    const FolderStamp stamp = folderStamp(node.path);
     const QFileInfoList children = entriesOf(node.path);
+    if (std::any_of(children.cbegin(), children.cend(), isWorthExpander))
+        rememberTypesIn(node.path, stamp);
     node.children.reserve(static_cast<std::size_t>(children.size()));
     for (const QFileInfo& child : children)
         leadsToType |= fillNode(child, node.children.emplace_back(), ancestors);

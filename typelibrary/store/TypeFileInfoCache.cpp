@@ -49,6 +49,12 @@ void TypeFileInfoCache::removeBelow(const QString& folder)
         m_removedBelow[prefix] = m_removals;
 }
 
+std::uint64_t TypeFileInfoCache::removals() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_removals;
+}
+
 bool TypeFileInfoCache::isRemovedSince(const QString& path, std::uint64_t begun) const
 {
     if (m_removed.value(path, 0) > begun)

@@ -55,6 +55,9 @@ public:
     // Removes every path below the folder, whether a file is there or not. Looks at each path of the cache once.
     void removeBelow(const QString& folder);
 
+    // How often something was removed so far.
+    std::uint64_t removals() const;
+
     // One computation of attributes. Begin it before the file is touched and commit the result: if the path was
     // removed in between, the result is older than the change that the removal announced and is not kept.
     class Computation
