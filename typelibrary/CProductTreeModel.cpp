@@ -8,6 +8,9 @@
 #include <widgetry/CMessageBox.h>
 
 #include <QDir>
+#include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace {
 
@@ -38,7 +41,9 @@ CProductTreeModel::CProductTreeModel(QObject* parent)
     setIconProvider(m_pIconProvider.get());
     setNameFilters(typeFileFilters());
     setNameFilterDisables(false);
-    connect(this, &QFileSystemModel::directoryLoaded, this, [this](const QString& folder) { m_loaded.insert(folder); });
+    setOption(DontWatchForChanges);
+    connect(&m_watch, &QFileSystemWatcher::directoryChanged, this, &CProductTreeModel::readAgain);
+    connect(this, &QFileSystemModel::rowsAboutToBeRemoved, this, &CProductTreeModel::unfollow);
     forgetExpandersOn(&QFileSystemModel::layoutChanged);
     forgetExpandersOn(&QFileSystemModel::modelReset);
     forgetExpandersOn(&QFileSystemModel::rowsInserted);
@@ -143,35 +148,76 @@ bool CProductTreeModel::setData(const QModelIndex& index, const QVariant& value,
     return false;
 }
 
-// The base class would go on watching the folder, and those below it, under their old paths, and no longer follow the
-// disk there.
 bool CProductTreeModel::renameFolder(const QModelIndex& folder, const QString& name)
 {
-    QModelIndexList loaded;
-    for (QModelIndexList folders{folder}; !folders.isEmpty();) {
-        const QModelIndex parent = folders.takeLast();
-        if (!m_loaded.remove(filePath(parent)))
-            continue;
-        loaded.append(parent);
-        for (int row = 0; row < rowCount(parent); ++row) {
-            const QModelIndex child = index(row, NameColumn, parent);
-            if (isDir(child))
-                folders.append(child);
-        }
-    }
-    if (loaded.isEmpty())
-        return QFileSystemModel::setData(folder, name, Qt::EditRole);
-
-    // A folder that ceases to be the root is let go, and fetchMore() reads and watches it again.
-    const QString root = rootPath();
-    for (const QModelIndex& parent : qAsConst(loaded))
-        setRootPath(filePath(parent));
-    setRootPath(QString());
+    const QPersistentModelIndex renamed = folder;
+    const QString oldPath = filePath(folder);
+    const QStringList followed = followedBelow(oldPath);
+    if (!followed.isEmpty())
+        m_watch.removePaths(followed);
     const bool isRenamed = QFileSystemModel::setData(folder, name, Qt::EditRole);
-    setRootPath(root);
-    for (const QModelIndex& parent : qAsConst(loaded))
-        fetchMore(parent);
+    const QString newPath = filePath(renamed);
+    for (const QString& path : followed)
+        readAgain(newPath + path.mid(oldPath.size()));
     return isRenamed;
+}
+
+void CProductTreeModel::fetchMore(const QModelIndex& parent)
+{
+    if (m_bOnlyMarking)
+        return;
+    const QString folder = filePath(parent);
+    if (!folder.isEmpty() && !m_watch.directories().contains(folder)) {
+        if (folder == rootPath())
+            unfollowVanished();  // the library before may be this one, renamed
+        m_watch.addPath(folder); // before it is read, or a change in between would not be seen
+    }
+    QFileSystemModel::fetchMore(parent);
+}
+
+QStringList CProductTreeModel::followedBelow(const QString& folder) const
+{
+    QStringList followed = m_watch.directories();
+    const auto isElsewhere = [&folder](const QString& path) {
+        return path != folder && !path.startsWith(folder + QLatin1Char('/'));
+    };
+    followed.erase(std::remove_if(followed.begin(), followed.end(), isElsewhere), followed.end());
+    return followed;
+}
+
+// Whatever has vanished may be back under another path. Were it still followed under this one, it would not be there.
+void CProductTreeModel::unfollow(const QModelIndex& parent, int first, int last)
+{
+    for (int row = first; row <= last; ++row) {
+        const QModelIndex entry = index(row, NameColumn, parent);
+        const QStringList followed = isDir(entry) ? followedBelow(filePath(entry)) : QStringList();
+        if (!followed.isEmpty())
+            m_watch.removePaths(followed);
+    }
+}
+
+void CProductTreeModel::unfollowVanished()
+{
+    const QStringList followed = m_watch.directories();
+    for (const QString& path : followed) {
+        if (!QFileInfo(path).isDir())
+            m_watch.removePath(path);
+    }
+}
+
+// The base class reads a folder again once it has been its root and is so no longer.
+void CProductTreeModel::readAgain(const QString& folder)
+{
+    if (!QFileInfo(folder).isDir())
+        return; // its own folder tells
+    const QString root = rootPath();
+    {
+        const QScopedValueRollback<bool> marking(m_bOnlyMarking, true);
+        setRootPath(folder);
+        setRootPath(QString());
+        setRootPath(root);
+    }
+    fetchMore(index(folder));
 }
 
 QVariant CProductTreeModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -3,8 +3,8 @@
 #include "typelibrary/store/TypeFileInfoCache.h"
 
 #include <QFileSystemModel>
+#include <QFileSystemWatcher>
 #include <QHash>
-#include <QSet>
 
 #include <cstdint>
 #include <memory>
@@ -48,6 +48,7 @@ public:
 
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     bool canFetchMore(const QModelIndex& parent) const override;
+    void fetchMore(const QModelIndex& parent) override; // reads the folder, and follows it from then on
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
@@ -58,6 +59,12 @@ private:
 
     bool renameFolder(const QModelIndex& folder, const QString& name);
 
+    // Folders that are followed: this one and those below it.
+    QStringList followedBelow(const QString& folder) const;
+    void unfollow(const QModelIndex& parent, int first, int last);
+    void unfollowVanished();
+    void readAgain(const QString& folder);
+
     // Whether the folder gets an expander. A tree view asks for that when the pointer moves, too.
     bool isExpandable(const QString& folder) const;
 
@@ -65,7 +72,10 @@ private:
     TypeFileInfo typeInfo(const QModelIndex& index, TypeFileInfo::Attribute attribute) const;
 
     const std::unique_ptr<CProductFileIconProvider> m_pIconProvider;
-    QSet<QString> m_loaded; // paths of the folders that have been read, and are watched
+    // The base class's own goes on watching a folder that was renamed under its old path, and then hears nothing of it
+    // under its new one.
+    QFileSystemWatcher m_watch;
+    bool m_bOnlyMarking = false; // the root changes for the side effect; nothing is to be read
 
     mutable QHash<QString, bool> m_expandable; // by path of the folder, as long as nothing has changed
     mutable std::uint64_t m_removals = 0;      // from the attribute cache when these answers were found

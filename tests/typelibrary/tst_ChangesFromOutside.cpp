@@ -11,6 +11,8 @@ class tst_ChangesFromOutside : public ViewFixture
 private Q_SLOTS:
     void libraryVanishesWhileANameIsEdited();
     void libraryIsMadeAnew();
+    void openGroupIsRenamed();
+    void libraryWithOpenGroupsIsRenamed();
     void entryVanishesBehindTheMessageOfItsName();
     void viewDestroyedBehindTheMessageOfAName();
 
@@ -59,6 +61,37 @@ void tst_ChangesFromOutside::libraryIsMadeAnew()
     QTRY_COMPARE(rows(), QStringList({QStringLiteral("b.rcvp")}));
     write(QStringLiteral("c.rcvp"), "c");
     QTRY_COMPARE(rows(), QStringList({QStringLiteral("b.rcvp"), QStringLiteral("c.rcvp")}));
+}
+
+// Under its new name the folder is followed like any other, and so are those in it.
+void tst_ChangesFromOutside::openGroupIsRenamed()
+{
+    write(QStringLiteral("G/a.rcvp"), "a");
+    write(QStringLiteral("G/H/b.rcvp"), "b");
+    write(QStringLiteral("K/k.rcvp"), "k");
+    load();
+    indexOf(QStringLiteral("G/H/b.rcvp"));
+    indexOf(QStringLiteral("K/k.rcvp"));
+    QVERIFY(QDir(library->path()).rename(QStringLiteral("G"), QStringLiteral("R")));
+    indexOf(QStringLiteral("R/H/b.rcvp"));
+    const auto lines = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char('|')); };
+    QTRY_COMPARE(rows(), lines("K| k.rcvp|R| H|  b.rcvp| a.rcvp"));
+    for (const char* const path : {"R/c.rcvp", "R/H/d.rcvp", "K/l.rcvp"})
+        write(QString::fromLatin1(path), path);
+    QTRY_COMPARE(rows(), lines("K| k.rcvp| l.rcvp|R| H|  b.rcvp|  d.rcvp| a.rcvp| c.rcvp"));
+}
+
+void tst_ChangesFromOutside::libraryWithOpenGroupsIsRenamed()
+{
+    write(QStringLiteral("old/G/a.rcvp"), "a");
+    view->setRootPath(pathOf(QStringLiteral("old")));
+    view->show();
+    indexOf(QStringLiteral("G/a.rcvp"));
+    QVERIFY(QDir(library->path()).rename(QStringLiteral("old"), QStringLiteral("new")));
+    view->setRootPath(pathOf(QStringLiteral("new")));
+    indexOf(QStringLiteral("G/a.rcvp"));
+    write(QStringLiteral("new/G/b.rcvp"), "b");
+    QTRY_COMPARE(rows(), QStringList({QStringLiteral("G"), QStringLiteral(" a.rcvp"), QStringLiteral(" b.rcvp")}));
 }
 
 void tst_ChangesFromOutside::entryVanishesBehindTheMessageOfItsName()
