@@ -121,6 +121,8 @@ QStringList Options::childArguments(int position, const QString& traceFile) cons
             QString::number(seed),
             QStringLiteral("--events"),
             QString::number(events),
+            QStringLiteral("--patience"),
+            QString::number(patience),
             QStringLiteral("--check"),
             QString::number(position),
             QStringLiteral("--trace"),

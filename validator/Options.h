@@ -36,6 +36,9 @@ struct Options
     // The events of random use that a level of strictness asks for; 0 below the levels that have it.
     static int eventsOf(int strictness);
 
+    // Milliseconds after which a child gives up by itself, and can say what it has waited for.
+    int halfPatience() const { return 500 * patience; }
+
     // The arguments that make a child with these options run one check.
     QStringList childArguments(int position, const QString& traceFile) const;
 };

@@ -22,8 +22,6 @@
 
 namespace {
 
-constexpr int patience = 30'000; // milliseconds; far beyond what a slow machine needs
-
 constexpr QSize windowSize(1280, 860);
 
 // A widget with an overlay, as the shortcut panel looks for it.
@@ -44,6 +42,7 @@ QWidget* newCentral(QWidget* window)
 
 Stage::Stage(const Options& options, Report& report)
     : m_report(report),
+      m_patience(options.halfPatience()),
       m_root(QFileInfo(m_folder.path()).canonicalFilePath()),
       m_pHost(std::make_shared<HostState>(report))
 {
@@ -147,7 +146,7 @@ bool Stage::await(const std::function<bool()>& condition)
     QElapsedTimer clock;
     clock.start();
     while (!condition()) {
-        if (clock.hasExpired(patience))
+        if (clock.hasExpired(m_patience))
             return false;
         work();
         std::this_thread::sleep_for(std::chrono::milliseconds(1)); // the other threads want the processor too

@@ -51,7 +51,8 @@ public:
     // Sets the library on a thread of its own while the GUI thread goes on; whether the call said that it worked.
     bool setLibrary(const QString& path);
 
-    // Lets the GUI thread work until the condition is true, for a bounded time that is generous; whether it is.
+    // Lets the GUI thread work until the condition is true, for a bounded time that a slow machine does not need;
+    // whether it is.
     bool await(const std::function<bool()>& condition);
 
     // Lets the GUI thread do what waits, once.
@@ -68,6 +69,7 @@ public:
 
 private:
     Report& m_report;
+    const int m_patience; // milliseconds
     const QTemporaryDir m_folder;
     const QString m_root; // its canonical path
     SettingArea_InitFunction m_init = nullptr;

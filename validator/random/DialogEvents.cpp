@@ -76,12 +76,12 @@ void DialogEvents::answer(Scene& scene, Random& random)
     auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     if (random.oneIn(4) || !name) {
-        scene.words = QStringLiteral("cancel the file dialog");
+        scene.say(QStringLiteral("cancel the file dialog"));
         QMetaObject::invokeMethod(dialog, "reject", Qt::QueuedConnection);
         return;
     }
     const QString choice = anyChoice(*dialog, scene, random);
-    scene.words = QStringLiteral("choose %1").arg(choice);
+    scene.say(QStringLiteral("choose %1").arg(choice));
     name->setText(choice);
     QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
 }

@@ -54,7 +54,7 @@ void addType(const QString& folder, Scene& scene)
 {
     const int serial = scene.newSerial();
     const QString path = folder + QLatin1Char('/') + Scene::fileName(serial);
-    scene.words = QStringLiteral("another program adds %1").arg(path);
+    scene.say(QStringLiteral("another program adds %1").arg(path));
     TypeFiles::write(path, TypeFiles::textOf(TypeFiles::numbered(serial)));
 }
 
@@ -63,15 +63,15 @@ void addType(const QString& folder, Scene& scene)
 void DiskEvents::change(Scene& scene, Random& random)
 {
     const QString& library = scene.library;
-    scene.words = QStringLiteral("another program does nothing");
-    if (library.isEmpty() || !QFileInfo(library).isDir())
+    if (library.isEmpty() || !QFileInfo(library).isDir()) {
+        scene.say(QStringLiteral("another program does nothing"));
         return;
-    scene.isDiskChanged = true;
+    }
     const QStringList entries = entriesOf(library);
     const QString folder = anyFolder(library, entries, random);
     const QString entry = entries.isEmpty() ? QString() : random.of(entries);
     if (entries.size() > mostEntries) {
-        scene.words = QStringLiteral("another program removes %1 of many").arg(entry);
+        scene.say(QStringLiteral("another program removes %1 of many").arg(entry));
         remove(entry);
         return;
     }
@@ -79,28 +79,28 @@ void DiskEvents::change(Scene& scene, Random& random)
     if (entry.isEmpty() || kind < 16) {
         addType(folder, scene);
     } else if (kind < 22) {
-        scene.words = QStringLiteral("another program removes %1").arg(entry);
+        scene.say(QStringLiteral("another program removes %1").arg(entry));
         remove(entry);
     } else if (kind < 28) {
         const QString name = renamed(entry, scene);
-        scene.words = QStringLiteral("another program renames %1 to %2").arg(entry, name);
+        scene.say(QStringLiteral("another program renames %1 to %2").arg(entry, name));
         QDir(QFileInfo(entry).path()).rename(QFileInfo(entry).fileName(), name);
     } else if (kind < 32) {
         const QString target = folder + QLatin1Char('/') + renamed(entry, scene);
-        scene.words = QStringLiteral("another program moves %1 to %2").arg(entry, target);
+        scene.say(QStringLiteral("another program moves %1 to %2").arg(entry, target));
         if (!folder.startsWith(entry))
             QDir().rename(entry, target);
     } else if (kind < 36) {
         const QString name = QStringLiteral("%1/Folder %2").arg(folder).arg(scene.newSerial());
-        scene.words = QStringLiteral("another program makes %1").arg(name);
+        scene.say(QStringLiteral("another program makes %1").arg(name));
         if (folder.count(QLatin1Char('/')) - library.count(QLatin1Char('/')) < mostLevels)
             QDir().mkdir(name);
     } else if (kind < 39) {
         const QString path = QStringLiteral("%1/notes %2.txt").arg(folder).arg(scene.newSerial());
-        scene.words = QStringLiteral("another program adds %1").arg(path);
+        scene.say(QStringLiteral("another program adds %1").arg(path));
         TypeFiles::write(path, "no type\n");
     } else {
-        scene.words = QStringLiteral("another program removes the library");
+        scene.say(QStringLiteral("another program removes the library"));
         QDir(library).removeRecursively();
     }
 }

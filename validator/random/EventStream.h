@@ -4,7 +4,6 @@
 #include "validator/random/RecordInvariant.h"
 #include "validator/random/Scene.h"
 
-#include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QObject>
@@ -44,7 +43,8 @@ private:
     const RecordInvariant m_record;
     const std::uint64_t m_seed;
     const int m_count;
-    int m_number = 0; // events so far
+    const int m_patience; // milliseconds until all must be at rest and agree
+    int m_number = 0;     // events so far
     bool m_bCheckIsDue = true;
     int m_calmTurns = 0; // of the event loop, in which nothing was at work
     bool m_bClosing = false;
@@ -52,5 +52,4 @@ private:
     int m_loops = 0; // event loops as long as no dialog has its own
     int m_checks = 0;
     QElapsedTimer m_sinceStep;
-    QCryptographicHash m_steps{QCryptographicHash::Md5};
 };

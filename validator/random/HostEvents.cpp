@@ -58,13 +58,13 @@ constexpr Operation operations[] = {
 void HostEvents::call(Scene& scene, Random& random)
 {
     const Operation& operation = random.of(operations);
-    scene.words = QLatin1String(operation.words);
+    scene.say(QLatin1String(operation.words));
     operation.run(scene, random);
 }
 
 void HostEvents::pushRecord(Scene& scene, Random& random)
 {
-    scene.words = QStringLiteral("setSettings");
+    scene.say(QStringLiteral("setSettings"));
     scene.stage.settings().setSettings(wildRecord(random));
 }
 
@@ -76,12 +76,12 @@ void HostEvents::setLibrary(Scene& scene, Random& random)
     const QString path = choice < 5 ? paths[choice] : scene.libraries[0];
     if (choice != 4 && !path.isEmpty())
         QDir().mkpath(path); // it may have been removed
-    scene.words = QStringLiteral("setTypeLibraryPath(\"%1\")").arg(path);
+    scene.say(QStringLiteral("setTypeLibraryPath(\"%1\")").arg(path));
     if (!random.oneIn(4)) {
         scene.setLibrary(path);
         return;
     }
-    scene.words += QStringLiteral(" on the GUI thread");
+    scene.say(QStringLiteral(" on the GUI thread"));
     scene.library = path;
     scene.stage.settings().setTypeLibraryPath(path);
 }
@@ -89,7 +89,7 @@ void HostEvents::setLibrary(Scene& scene, Random& random)
 void HostEvents::switchLanguage(Scene& scene, Random& random)
 {
     const bool isOther = random.oneIn(2);
-    scene.words = QStringLiteral("the language becomes %1").arg(QLatin1String(isOther ? "another" : "English"));
+    scene.say(QStringLiteral("the language becomes %1").arg(QLatin1String(isOther ? "another" : "English")));
     scene.language.speak(isOther ? QLocale(QLocale::Chinese, QLocale::China)
                                  : QLocale(QLocale::English, QLocale::UnitedStates));
 }
@@ -98,16 +98,16 @@ void HostEvents::changeWindow(Scene& scene, Random& random)
 {
     QMainWindow* const window = scene.stage.window();
     if (!window) {
-        scene.words = QStringLiteral("the area is docked in a new window");
+        scene.say(QStringLiteral("the area is docked in a new window"));
         scene.stage.dock();
     } else if (random.oneIn(3)) {
-        scene.words = QStringLiteral("the window changes its size");
+        scene.say(QStringLiteral("the window changes its size"));
         window->resize(200 + random.below(1'400), 150 + random.below(900));
     } else if (random.oneIn(2)) {
-        scene.words = QStringLiteral("the window is destroyed");
+        scene.say(QStringLiteral("the window is destroyed"));
         scene.stage.undock();
     } else {
-        scene.words = QStringLiteral("the area is docked in a second window, and the first destroyed");
+        scene.say(QStringLiteral("the area is docked in a second window, and the first destroyed"));
         scene.stage.dock();
         delete window;
     }

@@ -142,7 +142,7 @@ Place anyPlace(Scene& scene, Random& random)
         return {};
     QWidget* const widget = qobject_cast<QMenu*>(window) ? window : anyWidgetIn(window, random);
     const QPoint point = anyPlaceIn(widget, random);
-    scene.words += QStringLiteral(" at %1, %2 of %3").arg(point.x()).arg(point.y()).arg(InputEvents::nameOf(*widget));
+    scene.say(QStringLiteral(" at %1, %2 of %3").arg(point.x()).arg(point.y()).arg(InputEvents::nameOf(*widget)));
     return {window->windowHandle(), widget == window ? point : widget->mapTo(window, point)};
 }
 
@@ -223,8 +223,8 @@ void InputEvents::click(Scene& scene, Random& random)
     const Qt::MouseButton button = anyButton(random);
     const Qt::KeyboardModifiers modifiers = anyModifiers(random);
     const int times = random.oneIn(10) ? 2 : 1;
-    scene.words =
-        QStringLiteral("%1 with button %2").arg(QLatin1String(times == 2 ? "double click" : "click")).arg(button);
+    scene.say(
+        QStringLiteral("%1 with button %2").arg(QLatin1String(times == 2 ? "double click" : "click")).arg(button));
     const Place place = anyPlace(scene, random);
     eventClock += sinceLastClick;
     tell(place.window, place.point, Qt::NoButton, Qt::NoButton, QEvent::MouseMove, modifiers);
@@ -236,10 +236,10 @@ void InputEvents::click(Scene& scene, Random& random)
 
 void InputEvents::drag(Scene& scene, Random& random)
 {
-    scene.words = QStringLiteral("drag");
+    scene.say(QStringLiteral("drag"));
     const Place place = anyPlace(scene, random);
     const QPoint way(random.below(400) - 200, random.below(400) - 200);
-    scene.words += QStringLiteral(" by %1, %2").arg(way.x()).arg(way.y());
+    scene.say(QStringLiteral(" by %1, %2").arg(way.x()).arg(way.y()));
     eventClock += sinceLastClick;
     tell(place.window, place.point, Qt::NoButton, Qt::NoButton, QEvent::MouseMove, {});
     tell(place.window, place.point, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, {});
@@ -251,7 +251,7 @@ void InputEvents::drag(Scene& scene, Random& random)
 void InputEvents::turnWheel(Scene& scene, Random& random)
 {
     const int turn = 120 * (random.below(9) - 4);
-    scene.words = QStringLiteral("wheel by %1").arg(turn);
+    scene.say(QStringLiteral("wheel by %1").arg(turn));
     const Place place = anyPlace(scene, random);
     if (!place.window)
         return;
@@ -269,10 +269,10 @@ void InputEvents::pressKey(Scene& scene, Random& random)
     scene.isButtonKeyPressed = isButtonKey;
     const int times = random.oneIn(8) ? 5 : 1;
     const QWidget* const target = QApplication::focusWidget();
-    scene.words = QStringLiteral("%1 times key %2 in %3")
-                      .arg(times)
-                      .arg(QKeySequence(key.key | static_cast<int>(key.modifiers)).toString(),
-                           target ? nameOf(*target) : QStringLiteral("nothing"));
+    scene.say(QStringLiteral("%1 times key %2 in %3")
+                  .arg(times)
+                  .arg(QKeySequence(key.key | static_cast<int>(key.modifiers)).toString(),
+                       target ? nameOf(*target) : QStringLiteral("nothing")));
     for (int i = 0; i < times; ++i)
         tell(key);
 }
@@ -282,7 +282,7 @@ void InputEvents::type(Scene& scene, Random& random)
     focus(scene, random);
     const QString text = QString::fromUtf8(random.of(texts));
     const QWidget* const target = QApplication::focusWidget();
-    scene.words = QStringLiteral("type \"%1\" in %2").arg(text, target ? nameOf(*target) : QStringLiteral("nothing"));
+    scene.say(QStringLiteral("type \"%1\" in %2").arg(text, target ? nameOf(*target) : QStringLiteral("nothing")));
     for (const QChar character : text)
         tell({character.toUpper().unicode(), Qt::NoModifier, QString(character).toUtf8().constData()});
 }

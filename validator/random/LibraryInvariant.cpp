@@ -82,8 +82,20 @@ QString pathOf(const QModelIndex& index)
     return index.data(QFileSystemModel::FilePathRole).toString();
 }
 
-// Rows below an index whose folder is open.
-QString differenceOfOpenRows(const QTreeView& view, const QModelIndex& parent, const QString& folder)
+// What the row says of a type beside its name, where that is not so; empty else.
+QString differenceOfRow(const QModelIndex& row, const QString& path)
+{
+    const auto content = TypeFiles::read(path);
+    const QString resolution =
+        content ? QStringLiteral("%1x%2").arg(content->width).arg(content->height) : QStringLiteral("-1x-1");
+    const QString text = row.siblingAtColumn(1).data().toString();
+    return text == resolution ? QString()
+                              : QStringLiteral("%1: the tree shows %2, the file says %3").arg(path, text, resolution);
+}
+
+// Rows below an index whose folder is open; `differs` looks at each row of a type.
+template<typename Differs>
+QString differenceOfOpenRows(const QTreeView& view, const QModelIndex& parent, const QString& folder, Differs differs)
 {
     const QAbstractItemModel& model = *view.model();
     QStringList shown;
@@ -105,21 +117,27 @@ QString differenceOfOpenRows(const QTreeView& view, const QModelIndex& parent, c
         const QModelIndex index = model.index(row, 0, parent);
         const QString path = pathOf(index);
         QString difference;
-        if (QFileInfo(path).isDir()) {
-            if (view.isExpanded(index))
-                difference = differenceOfOpenRows(view, index, path);
-        } else {
-            const auto content = TypeFiles::read(path);
-            const QString resolution =
-                content ? QStringLiteral("%1x%2").arg(content->width).arg(content->height) : QStringLiteral("-1x-1");
-            const QString text = index.siblingAtColumn(1).data().toString();
-            if (text != resolution)
-                difference = QStringLiteral("%1: the tree shows %2, the file says %3").arg(path, text, resolution);
-        }
+        if (!QFileInfo(path).isDir())
+            difference = differs(index, path);
+        else if (view.isExpanded(index))
+            difference = differenceOfOpenRows(view, index, path, differs);
         if (!difference.isEmpty())
             return difference;
     }
     return {};
+}
+
+template<typename Differs>
+QString differenceOfTree(const QTreeView& view, const QString& folder, Differs differs)
+{
+    const bool isThere = !folder.isEmpty() && QFileInfo(folder).isDir();
+    if (!isThere)
+        return view.model() && view.model()->rowCount(view.rootIndex()) > 0
+                   ? QStringLiteral("the tree shows rows of %1, which is not there").arg(pathOf(view.rootIndex()))
+                   : QString();
+    if (!view.model() || pathOf(view.rootIndex()) != folder)
+        return QStringLiteral("the tree does not show %1").arg(folder);
+    return differenceOfOpenRows(view, view.rootIndex(), folder, differs);
 }
 
 } // namespace
@@ -136,14 +154,12 @@ QString LibraryInvariant::differenceOfNodes(const Nodes& nodes, const QString& f
 QString LibraryInvariant::differenceOfRows(const QWidget& area, const QString& folder)
 {
     const auto* const view = area.findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
-    if (!view)
-        return QStringLiteral("there is no tree \"TypeLibrary\"");
-    const bool isThere = !folder.isEmpty() && QFileInfo(folder).isDir();
-    if (!isThere)
-        return view->model() && view->model()->rowCount(view->rootIndex()) > 0
-                   ? QStringLiteral("the tree shows rows of %1, which is not there").arg(pathOf(view->rootIndex()))
-                   : QString();
-    if (!view->model() || pathOf(view->rootIndex()) != folder)
-        return QStringLiteral("the tree does not show %1").arg(folder);
-    return differenceOfOpenRows(*view, view->rootIndex(), folder);
+    return view ? differenceOfTree(*view, folder, differenceOfRow) : QStringLiteral("there is no tree \"TypeLibrary\"");
+}
+
+bool LibraryInvariant::isTreeBehind(const QWidget& area, const QString& folder)
+{
+    const auto* const view = area.findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
+    const auto nothing = [](const QModelIndex& /*row*/, const QString& /*path*/) { return QString(); };
+    return view && view->isVisible() && !differenceOfTree(*view, folder, nothing).isEmpty();
 }

@@ -20,4 +20,7 @@ public:
 
     // The same for the rows that the tree on the Type library tab shows.
     static QString differenceOfRows(const QWidget& area, const QString& folder);
+
+    // Whether the tree is in sight and has not caught up with the disk yet, as far as names go.
+    static bool isTreeBehind(const QWidget& area, const QString& folder);
 };

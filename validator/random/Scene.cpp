@@ -1,6 +1,7 @@
 #include "validator/random/Scene.h"
 
 #include "validator/Report.h"
+#include "validator/Trace.h"
 #include "validator/TypeFiles.h"
 
 #include <QDir>
@@ -58,6 +59,14 @@ bool Scene::isQuiet()
     if (m_worker.joinable())
         m_worker.join();
     return stage.isQuiet();
+}
+
+void Scene::say(const QString& words)
+{
+    // The folder has another name each time.
+    const QString repeatable = QString(words).replace(stage.root(), QLatin1String("..."));
+    stage.report().trace().add(repeatable);
+    m_said.addData(repeatable.toUtf8());
 }
 
 QString Scene::fileName(int serial)

@@ -3,6 +3,7 @@
 #include "validator/Stage.h"
 #include "validator/random/OtherLanguage.h"
 
+#include <QCryptographicHash>
 #include <QString>
 
 #include <atomic>
@@ -23,6 +24,13 @@ struct Scene
     // Whether no thread of this scene or of the plug-in is at work.
     bool isQuiet();
 
+    // Tells what the current event does, before it does so: the process may end with it. What is said is added to what
+    // the event has said before.
+    void say(const QString& words);
+
+    // All that has been said.
+    QByteArray said() const { return m_said.result(); }
+
     // A number that no type file of this scene has had, so that every content and every name is new.
     int newSerial() { return m_nextSerial++; }
 
@@ -35,11 +43,10 @@ struct Scene
     const QString libraries[2];      // folders to choose from
     const QString source;            // what is imported lies here
     const QString target;            // exports go here
-    bool isDiskChanged = false;      // by the last event: the tree follows in its own time
     bool isButtonKeyPressed = false; // by the last event
-    QString words;                   // what the current event does
 
 private:
+    QCryptographicHash m_said{QCryptographicHash::Md5};
     std::thread m_worker;
     std::atomic<bool> m_isWorkerDone{true};
     int m_nextSerial = 1'000;
