@@ -51,6 +51,8 @@ void CProductTreeView::connectModel()
     connect(m_pModel, &CProductTreeModel::modelReset, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::directoryLoaded, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::fileRenamed, this, &rescanRenamed);
+    // The base class reads only what has rows; a group that is open and empty is to be followed, too.
+    connect(this, &QTreeView::expanded, m_pModel, &CProductTreeModel::fetchMore);
 }
 
 void CProductTreeView::setRootPath(const QString& path)

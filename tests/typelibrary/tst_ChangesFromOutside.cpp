@@ -13,6 +13,7 @@ private Q_SLOTS:
     void libraryIsMadeAnew();
     void openGroupIsRenamed();
     void libraryWithOpenGroupsIsRenamed();
+    void openGroupGetsItsFirstType();
     void entryVanishesBehindTheMessageOfItsName();
     void viewDestroyedBehindTheMessageOfAName();
 
@@ -92,6 +93,16 @@ void tst_ChangesFromOutside::libraryWithOpenGroupsIsRenamed()
     indexOf(QStringLiteral("G/a.rcvp"));
     write(QStringLiteral("new/G/b.rcvp"), "b");
     QTRY_COMPARE(rows(), QStringList({QStringLiteral("G"), QStringLiteral(" a.rcvp"), QStringLiteral(" b.rcvp")}));
+}
+
+void tst_ChangesFromOutside::openGroupGetsItsFirstType()
+{
+    QVERIFY(QDir(library->path()).mkdir(QStringLiteral("G")));
+    load();
+    view->expand(indexOf(QStringLiteral("G")));
+    QCoreApplication::processEvents();
+    write(QStringLiteral("G/a.rcvp"), "a");
+    QTRY_COMPARE(rows(), QStringList({QStringLiteral("G"), QStringLiteral(" a.rcvp")}));
 }
 
 void tst_ChangesFromOutside::entryVanishesBehindTheMessageOfItsName()
