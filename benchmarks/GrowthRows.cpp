@@ -3,11 +3,9 @@
 #include "typelibrary/store/CTypeLibrary.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QProcess>
 
 #include <malloc.h>
-#include <unistd.h>
 
 #include <array>
 #include <cstdio>
@@ -29,15 +27,6 @@ double heapInUse()
 {
     const auto info = ::mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
-}
-
-// Bytes of the process in memory, with what the heap keeps for later.
-double residentSize()
-{
-    QFile statm(QStringLiteral("/proc/self/statm"));
-    if (!statm.open(QIODevice::ReadOnly))
-        qFatal("No /proc/self/statm");
-    return statm.readAll().split(' ').at(1).toDouble() * static_cast<double>(::sysconf(_SC_PAGESIZE));
 }
 
 int countTypes(const std::vector<CTypeLibrary::STreeNode>& nodes)

@@ -1,12 +1,16 @@
 #include "benchmarks/PlainPages.h"
 #include "benchmarks/Rows.h"
 #include "benchmarks/Stage.h"
+#include "monitoring/MailFormats.h"
 #include "multircv/CMultiRcvCabinetSetDlg.h"
 
 #include <QCoreApplication>
 #include <QDialog>
 #include <QTranslator>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -91,6 +95,26 @@ std::vector<Measurement> measureRecord(const BenchOptions& options)
     }
     area.setSettings(SSettings());
     return {set, get};
+}
+
+std::vector<Measurement> measureAddressCheck(const BenchOptions& options)
+{
+    constexpr int longest = 32'767; // characters that a line edit holds
+    const QString tail = QStringLiteral("@host.com");
+    const QString addresses[] = {QString(longest - tail.size(), QLatin1Char('a')) + tail,
+                                 QString(longest, QLatin1Char('a')), QString(longest, QLatin1Char('.')),
+                                 QStringLiteral("a@") + QString(longest - 2, QLatin1Char('0'))};
+
+    Measurement line(QStringLiteral("four addresses of 32,767 characters are checked"), Measurement::Value, 0.001);
+    for (int i = 0; i < options.repeat; ++i) {
+        line.ours.add(secondsOf([&] {
+            const auto valid = std::count_if(std::begin(addresses), std::end(addresses),
+                                             [](const QString& address) { return isMailAddress(address); });
+            if (valid != 1)
+                qFatal("%ld of the addresses are valid", long(valid));
+        }));
+    }
+    return {line};
 }
 
 std::vector<Measurement> measureWizard(const BenchOptions& options)

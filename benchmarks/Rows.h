@@ -23,6 +23,7 @@ std::vector<Measurement> measureWizardMenu(const BenchOptions& options);
 std::vector<Measurement> measureStart(const BenchOptions& options);
 std::vector<Measurement> measureLanguageSwitch(const BenchOptions& options);
 std::vector<Measurement> measureRecord(const BenchOptions& options);
+std::vector<Measurement> measureAddressCheck(const BenchOptions& options);
 std::vector<Measurement> measureWizard(const BenchOptions& options);
 std::vector<Measurement> measureTree(const BenchOptions& options);
 std::vector<Measurement> measureGrowth(const BenchOptions& options);

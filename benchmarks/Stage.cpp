@@ -4,10 +4,15 @@
 #include "plugin/CSettingArea.h"
 #include "typelibrary/store/TypeFileAttributes.h"
 
+#include <QAbstractItemModel>
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
 #include <QTimer>
 #include <QWidget>
+
+#include <unistd.h>
 
 ISettingInterface& settingArea()
 {
@@ -39,4 +44,24 @@ void paintNow(QWidget* window)
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
     window->repaint();
+}
+
+void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int rows)
+{
+    constexpr int timeoutMs = 60'000;
+    QElapsedTimer timer;
+    timer.start();
+    while (model.rowCount(folder) < rows) {
+        if (timer.hasExpired(timeoutMs))
+            qFatal("%d of %d rows are shown", model.rowCount(folder), rows);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
+    }
+}
+
+double residentSize()
+{
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        qFatal("No /proc/self/statm");
+    return statm.readAll().split(' ').at(1).toDouble() * static_cast<double>(::sysconf(_SC_PAGESIZE));
 }

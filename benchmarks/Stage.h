@@ -2,6 +2,8 @@
 
 #include "plugin/interface/ISettingInterface.h"
 
+class QAbstractItemModel;
+class QModelIndex;
 class QWidget;
 
 // The settings area with a host's handler, as every row needs it: the store asks the handler through the area.
@@ -15,3 +17,9 @@ void processEventsFor(int milliseconds);
 
 // Lets what was changed be laid out, and paints the window.
 void paintNow(QWidget* window);
+
+// Runs the event loop until the folder shows so many rows.
+void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int rows);
+
+// Bytes of the process in memory, with what the heap keeps for later.
+double residentSize();

@@ -15,11 +15,12 @@ using Clock = std::chrono::steady_clock; // the same in every process
 
 constexpr int tabs = 3;
 
-// What one process measured, in seconds.
+// What one process measured, times in seconds.
 struct Start
 {
     double firstPaint;
     double tabSwitch[tabs]; // that of the first tab is not used
+    double memory;          // bytes of the process with all pages painted
 };
 
 Start startOf(const char* pages)
@@ -32,9 +33,9 @@ Start startOf(const char* pages)
     if (!process.waitForFinished(-1) || process.exitCode() != 0)
         qFatal("The process that starts %s pages failed", pages);
     const QList<QByteArray> values = process.readAllStandardOutput().split(' ');
-    if (values.size() != tabs)
+    if (values.size() != tabs + 1)
         qFatal("The process that starts %s pages gave no numbers", pages);
-    return {values[0].toDouble(), {0, values[1].toDouble(), values[2].toDouble()}};
+    return {values[0].toDouble(), {0, values[1].toDouble(), values[2].toDouble()}, values[3].toDouble()};
 }
 
 } // namespace
@@ -64,6 +65,7 @@ void printStart(const QString& pages, std::int64_t begun)
                         paintNow(&window);
                     }));
     }
+    std::printf(" %.0f", residentSize());
     window.takeCentralWidget()->hide();
 }
 
@@ -72,6 +74,8 @@ std::vector<Measurement> measureStart(const BenchOptions& options)
     Measurement first(QStringLiteral("start of a process to the first painted page, beside plain widgets"));
     Measurement library(QStringLiteral("- first switch to Type library"));
     Measurement health(QStringLiteral("- first switch to Health settings"));
+    Measurement memory(QStringLiteral("- the process's memory with all pages painted and no types"),
+                       Measurement::Nothing, 0, Measurement::Bytes);
     startOf("plain"); // brings the program into memory
     for (int i = 0; i < options.repeat; ++i) {
         const Start ours = startOf("our");
@@ -82,6 +86,8 @@ std::vector<Measurement> measureStart(const BenchOptions& options)
         library.peer.add(plain.tabSwitch[1]);
         health.ours.add(ours.tabSwitch[2]);
         health.peer.add(plain.tabSwitch[2]);
+        memory.ours.add(ours.memory);
+        memory.peer.add(plain.memory);
     }
-    return {first, library, health};
+    return {first, library, health, memory};
 }

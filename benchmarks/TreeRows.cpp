@@ -3,7 +3,6 @@
 #include "typelibrary/CProductTreeView.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFileSystemModel>
 #include <QScrollBar>
 
@@ -11,19 +10,6 @@ namespace {
 
 constexpr int openGroups = 40;
 constexpr int frames = 300; // scrolled by a row each
-constexpr int timeoutMs = 60'000;
-
-// Runs the event loop until the folder shows so many rows.
-void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int rows)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (model.rowCount(folder) < rows) {
-        if (timer.hasExpired(timeoutMs))
-            qFatal("%d of %d rows are shown", model.rowCount(folder), rows);
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
-    }
-}
 
 struct Times
 {

@@ -1,3 +1,4 @@
+#include "benchmarks/CountedWork.h"
 #include "benchmarks/Rows.h"
 
 #include <QApplication>
@@ -30,6 +31,7 @@ constexpr std::array rows{
     Row{"start", measureStart},
     Row{"language", measureLanguageSwitch},
     Row{"record", measureRecord},
+    Row{"address", measureAddressCheck},
     Row{"wizard", measureWizard},
     Row{"tree", measureTree},
     Row{"growth", measureGrowth},
@@ -105,10 +107,11 @@ int main(int argc, char** argv)
     QCommandLineOption growthOption(QStringLiteral("growth-of"), {}, QStringLiteral("folder"));
     QCommandLineOption startOption(QStringLiteral("start-of"), {}, QStringLiteral("pages"));
     QCommandLineOption begunOption(QStringLiteral("begun"), {}, QStringLiteral("nanoseconds"));
-    for (QCommandLineOption* const own : {&growthOption, &startOption, &begunOption})
+    QCommandLineOption countedOption(QStringLiteral("counted-work"), {}, QStringLiteral("work"));
+    for (QCommandLineOption* const own : {&growthOption, &startOption, &begunOption, &countedOption})
         own->setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions(
-        {rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption, startOption, begunOption});
+    parser.addOptions({rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption, startOption,
+                       begunOption, countedOption});
     parser.process(application);
     if (!parser.positionalArguments().isEmpty())
         parser.showHelp(2);
@@ -119,6 +122,10 @@ int main(int argc, char** argv)
     }
     if (parser.isSet(startOption)) {
         printStart(parser.value(startOption), parser.value(begunOption).toLongLong());
+        return 0;
+    }
+    if (parser.isSet(countedOption)) {
+        runCountedWork(parser.value(countedOption), parser.value(filesOption));
         return 0;
     }
 

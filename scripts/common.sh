@@ -21,6 +21,7 @@ packages_for()
         coverage) echo "gcovr python3" ;;
         fuzz) echo "clang libclang-rt-14-dev" ;;
         lint) echo "clang clang-format-14 clang-tidy-14 clazy python3" ;;
+        profile) echo "valgrind" ;;
         *) fail "no packages are known for the job $job" ;;
         esac
     done

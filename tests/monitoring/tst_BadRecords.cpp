@@ -6,7 +6,6 @@
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 
 #include <limits>
 
@@ -130,11 +129,8 @@ void tst_BadRecords::tenThousandRecipients()
     SEmailSettings email;
     email.lstRecipients = badRecipients(10000);
     HealthPage shown;
-    QElapsedTimer timer;
-    timer.start();
     shown.page.setSettings({}, email);
     shown.page.grab();
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     const auto* const table = shown.page.findChild<QTableWidget*>(QStringLiteral("RecevierMail"));
     QCOMPARE(rows(table), texts(email.lstRecipients));
     for (int row = 0; row < 3; ++row) {
@@ -153,12 +149,9 @@ void tst_BadRecords::aMegabyteOfText()
     email.strSenderAddress = email.strPassword = email.strSmtpServer = text;
     email.lstRecipients = {{text, text}};
     HealthPage shown;
-    QElapsedTimer timer;
-    timer.start();
     shown.page.setSettings({}, email);
     shown.page.grab();
     const SEmailSettings given = shown.page.emailSettings();
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     for (const QString& edited : {given.strSenderAddress, given.strPassword, given.strSmtpServer})
         QCOMPARE(edited, text.left(longestEdit));
     QVERIFY(given.lstRecipients.constFirst().strName == text);
@@ -186,10 +179,7 @@ void tst_BadRecords::aMegabyteThatIsReported()
         box->grab();
         box->close();
     });
-    QElapsedTimer timer;
-    timer.start();
     QTest::mouseClick(shown.test(), Qt::LeftButton);
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     // As much of it as the table shows.
     QCOMPARE(text, QStringLiteral("Receiving address:") + QString(1000, QLatin1Char('w')) +
                        QStringLiteral(" , failed to send the email."));

@@ -89,7 +89,7 @@ void fillHostsShare(STreeNode& node, const TypeFileInfo& info)
 // Fills the node when everything about its file is known already; false if not.
 bool fillFromCache(STreeNode& node)
 {
-    const TypeFileInfo info = TypeFileInfoCache::instance().find(node.path);
+    const TypeFileInfo info = TypeFileInfoCache::instance().findAndShare(node.path);
     if (!info.knows(TypeFileInfo::All))
         return false;
     fillHostsShare(node, info);

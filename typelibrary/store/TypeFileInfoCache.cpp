@@ -29,6 +29,16 @@ TypeFileInfo TypeFileInfoCache::find(const QString& path) const
     return m_entries.value(path);
 }
 
+TypeFileInfo TypeFileInfoCache::findAndShare(QString& path) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = m_entries.constFind(path);
+    if (found == m_entries.cend())
+        return {};
+    path = found.key();
+    return *found;
+}
+
 void TypeFileInfoCache::remove(const QString& path)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

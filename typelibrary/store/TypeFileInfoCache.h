@@ -50,6 +50,9 @@ public:
     // What is known about the file; nothing if it was never asked about.
     TypeFileInfo find(const QString& path) const;
 
+    // The same, and lets `path` share the memory of the cache's own copy of it.
+    TypeFileInfo findAndShare(QString& path) const;
+
     void remove(const QString& path);
 
     // Removes every path below the folder, whether a file is there or not. Looks at each path of the cache once.
