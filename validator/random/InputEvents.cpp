@@ -158,14 +158,21 @@ Qt::KeyboardModifiers anyModifiers(Random& random)
     }
 }
 
+// A key goes down or up, in the loop and the window that have the keys by then: what the one before did may have opened
+// a box, or destroyed the window.
+void tellLater(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const QString& text)
+{
+    const auto deliver = [=] {
+        if (QWindow* const window = QGuiApplication::focusWindow())
+            qt_handleKeyEvent(window, type, key, modifiers, text);
+    };
+    QMetaObject::invokeMethod(qApp, deliver, Qt::QueuedConnection);
+}
+
 void tell(const Key& key)
 {
-    QWindow* const window = QGuiApplication::focusWindow();
-    if (!window)
-        return;
-    const QString text = QString::fromUtf8(key.text);
-    qt_handleKeyEvent(window, QEvent::KeyPress, key.key, key.modifiers, text);
-    qt_handleKeyEvent(window, QEvent::KeyRelease, key.key, key.modifiers, text);
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        tellLater(type, key.key, key.modifiers, QString::fromUtf8(key.text));
 }
 
 } // namespace
