@@ -26,7 +26,7 @@ public:
     // Copied: the file does not align what it holds.
     Item at(std::uint64_t position) const
     {
-        Item item;
+        Item item = {};
         std::memcpy(&item, m_bytes.constData() + m_offset + position * sizeof(Item), sizeof(Item));
         return item;
     }

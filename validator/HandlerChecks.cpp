@@ -47,7 +47,7 @@ public:
         failedPositions = {-1, std::numeric_limits<int>::max(), 0, 0, std::numeric_limits<int>::min()};
         return true;
     }
-    QString projectName() override { return QString(100'000, QLatin1Char('/')); }
+    QString projectName() override { return QString().fill(QLatin1Char('/'), 100'000); }
     bool isMultiRcvCabinetFile(const QString& /*path*/) override { return true; }
     void readCabinetInfo(const QString& /*path*/, SHwRcvInCabinetInfo& info) override
     {

@@ -62,6 +62,7 @@ pid_t start(const QStringList& arguments, const Pipe& output, const Pipe& errors
     for (const QString& argument : arguments)
         words.push_back(QFile::encodeName(argument));
     std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (QByteArray& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);

@@ -2,9 +2,9 @@
 
 #include <cstdio>
 
-void Report::fail(const QString& text)
+void Report::fail(const QString& what)
 {
-    say(finding, text);
+    say(finding, what);
 }
 
 void Report::note(const QString& text)
@@ -12,10 +12,10 @@ void Report::note(const QString& text)
     say(remark, text);
 }
 
-bool Report::expect(bool holds, const char* text)
+bool Report::expect(bool holds, const char* what)
 {
     if (!holds)
-        fail(QString::fromUtf8(text));
+        fail(QString::fromUtf8(what));
     return holds;
 }
 

@@ -19,13 +19,13 @@ public:
     }
 
     // Something does not hold.
-    void fail(const QString& finding);
+    void fail(const QString& what);
 
     // A figure or a circumstance for the check's line.
     void note(const QString& text);
 
-    // Fails with `finding` unless `holds`; gives back `holds`.
-    bool expect(bool holds, const char* finding);
+    // Fails with `what` unless `holds`; gives back `holds`.
+    bool expect(bool holds, const char* what);
 
     bool hasFailed() const;
 

@@ -87,8 +87,10 @@ void EventStream::timerEvent(QTimerEvent* event)
         return;
     // The tree follows the disk in its own time, and what a click does hangs on what it shows.
     if (!m_sinceStep.hasExpired(treePatience) &&
-        LibraryInvariant::isTreeBehind(*m_stage.settings().widget(), m_scene.library))
+        LibraryInvariant::isTreeBehind(*m_stage.settings().widget(), m_scene.library)) {
+        m_calmTurns = 0; // the rows still have to be laid out when they have come
         return;
+    }
     m_scene.isButtonKeyPressed = false;
     if (m_bCheckIsDue) {
         checkInvariants();

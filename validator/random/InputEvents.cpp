@@ -24,9 +24,9 @@ int eventClock = 0;
 
 struct Key
 {
-    int key;
+    int key = 0;
     Qt::KeyboardModifiers modifiers;
-    const char* text;
+    const char* text = "";
 };
 
 constexpr Key keys[] = {

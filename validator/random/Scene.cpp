@@ -33,31 +33,31 @@ Scene::Scene(Stage& itsStage)
 Scene::~Scene()
 {
     stage.host()->languageSwitch = nullptr;
-    if (m_worker.joinable())
-        m_worker.join();
+    if (worker.joinable())
+        worker.join();
 }
 
 void Scene::setLibrary(const QString& path)
 {
-    if (!m_isWorkerDone)
+    if (!isWorkerDone)
         return;
-    if (m_worker.joinable())
-        m_worker.join();
+    if (worker.joinable())
+        worker.join();
     library = path;
-    m_isWorkerDone = false;
-    m_worker = std::thread([this, path] {
+    isWorkerDone = false;
+    worker = std::thread([this, path] {
         if (!stage.settings().setTypeLibraryPath(path))
             stage.report().fail(QStringLiteral("setTypeLibraryPath(\"%1\") is false").arg(path));
-        m_isWorkerDone = true;
+        isWorkerDone = true;
     });
 }
 
 bool Scene::isQuiet()
 {
-    if (!m_isWorkerDone)
+    if (!isWorkerDone)
         return false;
-    if (m_worker.joinable())
-        m_worker.join();
+    if (worker.joinable())
+        worker.join();
     return stage.isQuiet();
 }
 
@@ -66,7 +66,7 @@ void Scene::say(const QString& words)
     // The folder has another name each time.
     const QString repeatable = QString(words).replace(stage.root(), QLatin1String("..."));
     stage.report().trace().add(repeatable);
-    m_said.addData(repeatable.toUtf8());
+    saidSoFar.addData(repeatable.toUtf8());
 }
 
 QString Scene::fileName(int serial)

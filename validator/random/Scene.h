@@ -29,10 +29,10 @@ struct Scene
     void say(const QString& words);
 
     // All that has been said.
-    QByteArray said() const { return m_said.result(); }
+    QByteArray said() const { return saidSoFar.result(); }
 
     // A number that no type file of this scene has had, so that every content and every name is new.
-    int newSerial() { return m_nextSerial++; }
+    int newSerial() { return nextSerial++; }
 
     // A name for a type file of that number.
     static QString fileName(int serial);
@@ -45,9 +45,9 @@ struct Scene
     const QString target;            // exports go here
     bool isButtonKeyPressed = false; // by the last event
 
-private:
-    QCryptographicHash m_said{QCryptographicHash::Md5};
-    std::thread m_worker;
-    std::atomic<bool> m_isWorkerDone{true};
-    int m_nextSerial = 1'000;
+    // For the functions above.
+    QCryptographicHash saidSoFar{QCryptographicHash::Md5};
+    std::thread worker;
+    std::atomic<bool> isWorkerDone{true};
+    int nextSerial = 1'000;
 };

@@ -48,7 +48,7 @@ QString anyText(Random& random)
     case 2:
         return QString::fromUtf8("\xe5\xb1\x8f\xe5\xb9\x95 \xf0\x9f\x98\x80");
     case 3:
-        return QString(random.below(40'000), QLatin1Char('x'));
+        return QString().fill(QLatin1Char('x'), random.below(40'000));
     case 4:
         return QStringLiteral("two\nlines\t%1 %n");
     default:
@@ -67,11 +67,11 @@ QKeySequence anyKeys(Random& random)
     case 0:
         return {};
     case 1:
-        return QKeySequence(Qt::Key_unknown, Qt::CTRL, Qt::SHIFT, Qt::ALT);
+        return {Qt::Key_unknown, Qt::CTRL, Qt::SHIFT, Qt::ALT};
     case 2:
-        return QKeySequence(Qt::CTRL + Qt::Key_Plus);
+        return {Qt::CTRL + Qt::Key_Plus};
     default:
-        return QKeySequence(Qt::Key_A + random.below(26), Qt::CTRL);
+        return {Qt::Key_A + random.below(26), Qt::CTRL};
     }
 }
 
