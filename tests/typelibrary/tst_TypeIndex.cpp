@@ -1,4 +1,5 @@
 #include "tests/support/TestObject.h"
+#include "typelibrary/store/Md5.h"
 #include "typelibrary/store/TypeIndex.h"
 
 #include <QCoreApplication>
@@ -57,6 +58,7 @@ class tst_TypeIndex : public TestObject
 private Q_SLOTS:
     void emptyIndexFindsNothing();
     void answersLikeTheWalk();
+    void namesWithOneHash();
     void clearForgetsTheTree();
 };
 
@@ -88,6 +90,29 @@ void tst_TypeIndex::answersLikeTheWalk()
         }
     }
     QVERIFY(found > 10'000); // the trees were not all empty
+}
+
+void tst_TypeIndex::namesWithOneHash()
+{
+    QRandomGenerator random(20'240'229);
+    QHash<uint, QString> names;
+    Tree tree(2);
+    while (tree[1].name.isEmpty()) {
+        const QString name = QString::number(random.generate64(), 36);
+        QString& known = names[qHash(name)];
+        if (known.isEmpty()) {
+            known = name;
+        } else {
+            tree[0].name = known;
+            tree[1].name = name;
+        }
+    }
+    tree[0].path = QStringLiteral("/first");
+    tree[1].path = QStringLiteral("/second");
+    TypeIndex index;
+    index.build(tree);
+    QCOMPARE(index.firstWithName(tree[0].name), tree[0].path);
+    QCOMPARE(index.firstWithName(tree[1].name), tree[1].path);
 }
 
 void tst_TypeIndex::clearForgetsTheTree()

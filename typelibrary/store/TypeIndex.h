@@ -1,13 +1,10 @@
 #pragma once
 
-#include "typelibrary/store/Md5.h"
-
 #include "plugin/interface/SSettings.h"
 
-#include <QHash>
 #include <QString>
 
-#include <unordered_map>
+#include <cstdint>
 #include <vector>
 
 // Answers the two duplicate searches from look-up tables, with the result of a depth-first walk of the tree: the path
@@ -28,9 +25,37 @@ public:
     QString firstWithName(const QString& name) const;
 
 private:
-    void add(const std::vector<STreeNode>& nodes);
+    // Positions in the list of nodes by the hash of a key, the first of those with the same key. One block of memory,
+    // half of it used at most: with an allocation for each node a rescan of many types would wait for memory.
+    class Table
+    {
+    public:
+        void reset(std::size_t count);
 
-    // Paths rather than nodes: a search that finds the path here touches less memory.
-    std::unordered_map<SMD5, QString, Md5Hash> m_byDigest;
-    QHash<QString, QString> m_byName;
+        // The position of the key with this hash; `isKey` tells whether a position has it. -1 when it is not there.
+        template<typename IsKey>
+        std::int64_t find(std::uint32_t hash, IsKey isKey) const;
+
+        // Adds a position, unless one with the same key is there.
+        template<typename IsKey>
+        void add(std::uint32_t hash, std::uint32_t position, IsKey isKey);
+
+    private:
+        struct Slot
+        {
+            std::uint32_t hash = 0;
+            std::uint32_t next = 0; // position + 1, 0: free
+        };
+
+        template<typename IsKey>
+        std::size_t slotOf(std::uint32_t hash, IsKey isKey) const;
+
+        std::vector<Slot> m_slots; // none, or a power of two
+    };
+
+    void collect(const std::vector<STreeNode>& nodes);
+
+    std::vector<const STreeNode*> m_nodes; // without groups, in tree order
+    Table m_byDigest;
+    Table m_byName;
 };
