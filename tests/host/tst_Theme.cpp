@@ -2,8 +2,10 @@
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QFontInfo>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSvgRenderer>
@@ -21,6 +23,7 @@ private Q_SLOTS:
     void textHasContrast();
     void everyTextColourOfTheSheetIsTested();
     void theFontDrawsChinese();
+    void buttonsOfDialogsHaveNoPictures();
 };
 
 namespace {
@@ -53,6 +56,22 @@ QString sheet()
     file.open(QIODevice::ReadOnly);
     return QString::fromUtf8(file.readAll());
 }
+
+// As on a desktop where buttons have pictures; the offscreen platform is none.
+class StyleWithPictures : public QProxyStyle
+{
+public:
+    StyleWithPictures()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 1 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 // The grounds that a text of the sheet's colours lies on.
 struct Pair
@@ -143,6 +162,18 @@ void tst_Theme::theFontDrawsChinese()
     Theme::apply();
     const QFontMetrics metrics(QApplication::font());
     QVERIFY(metrics.inFontUcs4(0x7bb1)); // the first character of "cabinet"
+}
+
+void tst_Theme::buttonsOfDialogsHaveNoPictures()
+{
+    Theme::apply();
+    QApplication::setStyle(new StyleWithPictures);
+    QDialogButtonBox box(QDialogButtonBox::Open | QDialogButtonBox::Cancel);
+    box.ensurePolished();
+    QCOMPARE(box.buttons().size(), 2);
+    const auto buttons = box.buttons();
+    for (const QAbstractButton* button : buttons)
+        QVERIFY2(button->icon().isNull(), qPrintable(button->text()));
 }
 
 SETTINGAREA_TEST_MAIN(tst_Theme, QApplication)
