@@ -18,6 +18,7 @@ packages_for()
             "libcurl4-openssl-dev qtkeychain-qt5-dev" ;;
         run) echo "ca-certificates fonts-dejavu-core fonts-noto-cjk" ;;
         test) echo "dbus openssl python3-aiosmtpd" ;;
+        desktop) echo "xvfb x11-xkb-utils openbox xdotool imagemagick" ;;
         coverage) echo "gcovr python3" ;;
         fuzz) echo "clang libclang-rt-14-dev" ;;
         lint) echo "clang clang-format-14 clang-tidy-14 clazy python3" ;;
@@ -89,6 +90,14 @@ build()
     shift
     say "Build build/$preset"
     cmake --build "build/$preset" ${1:+--target "$@"} || fail "build/$preset could not be built"
+}
+
+# install_build PRESET FOLDER: installs build/PRESET into the folder, of which nothing else is left.
+install_build()
+{
+    say "Install build/$1 to $2"
+    rm -rf "$2"
+    cmake --install "build/$1" --prefix "$2" >"build/$1/install.log" || fail "build/$1 could not be installed"
 }
 
 # run_tests PRESET [OPTION...]: runs the tests of build/PRESET; the options are ctest's.
