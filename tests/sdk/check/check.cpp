@@ -34,6 +34,8 @@ QString missing()
     const auto* const tree = visibleWidget<QTreeView>();
     if (!tree)
         return QStringLiteral("the second tab shows no tree");
+    if (!tree->model())
+        return QStringLiteral("the tree shows no library"); // yet: the scan is under way
     const QModelIndex first = tree->model()->index(0, 0, tree->rootIndex());
     return first.data().toString().startsWith(QStringLiteral("Cabinet")) ? QString()
                                                                          : QStringLiteral("the tree shows no type");
