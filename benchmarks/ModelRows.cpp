@@ -109,6 +109,7 @@ std::vector<Measurement> measureModel(const BenchOptions& options)
     Measurement repaint(QStringLiteral("- scrolled repaint"), Measurement::Ratio, 1.5);
     // The stock model compiles a pattern for each filter and file.
     Measurement filtered(QStringLiteral("- in all, beside QFileSystemModel with our name filters"));
+    Measurement filteredStall(QStringLiteral("- longest stall, beside the same"));
     const QStringList nameFilters = CProductTreeModel().nameFilters();
     for (int i = 0; i < options.repeat; ++i) {
         const Times ours = timesOfOurs(folder, count);
@@ -119,8 +120,11 @@ std::vector<Measurement> measureModel(const BenchOptions& options)
         stall.peer.add(stock.stall);
         repaint.ours.add(ours.repaint);
         repaint.peer.add(stock.repaint);
+        const Times alike = timesOfStock(folder, count, nameFilters);
         filtered.ours.add(ours.total);
-        filtered.peer.add(timesOfStock(folder, count, nameFilters).total);
+        filtered.peer.add(alike.total);
+        filteredStall.ours.add(ours.stall);
+        filteredStall.peer.add(alike.stall);
     }
-    return {total, stall, repaint, filtered};
+    return {total, stall, repaint, filtered, filteredStall};
 }

@@ -26,10 +26,15 @@ SMD5 Utils::getFileMD5(const QString& path)
     static thread_local QCryptographicHash hash(QCryptographicHash::Md5);
     hash.reset();
     ssize_t count = 0;
-    while ((count = file.read(buffer.data(), buffer.size())) > 0)
+    off_t total = 0;
+    do {
+        count = file.read(buffer.data(), buffer.size());
+        if (count < 0)
+            return md5;
         hash.addData(buffer.data(), static_cast<int>(count));
-    if (count < 0)
-        return md5;
+        total += count;
+        // A file that fits into the buffer is not read a second time to learn that it has ended.
+    } while (count == static_cast<ssize_t>(buffer.size()) || (count > 0 && total < status.st_size));
 
     const QByteArray digits = hash.result().toHex();
     std::copy(digits.begin(), digits.end(), md5.data);

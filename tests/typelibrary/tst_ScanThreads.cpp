@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <atomic>
 #include <future>
 #include <thread>
@@ -172,20 +173,20 @@ void tst_ScanThreads::digestsAreComputedWhileTheHostIsAsked()
 {
     if (std::thread::hardware_concurrency() < 2)
         QSKIP("One core only: the scanning thread hashes alone");
-    const QString path = write(QStringLiteral("a.rcvp"), "a");
-    write(QStringLiteral("b.rcvp"), "b");
-    // The first query does not return before both digests are there, which the helper threads must have computed.
+    const QStringList paths = {write(QStringLiteral("a.rcvp"), "a"), write(QStringLiteral("b.rcvp"), "b"),
+                               write(QStringLiteral("c.rcvp"), "c")};
+    // The first query does not return before the digests of the others are there, which the helper threads must have
+    // computed: the scanning thread has taken one itself, and cannot get to it before the query returns.
     bool hashed = false;
-    handler->isMulti = [&](const QString& asked) {
-        if (asked == path) {
-            const QString other = pathOf(QStringLiteral("b.rcvp"));
-            QElapsedTimer timer;
-            timer.start();
-            while (!hashed && timer.elapsed() < 10'000) {
-                auto& cache = TypeFileInfoCache::instance();
-                hashed = cache.find(path).knows(TypeFileInfo::Digest) && cache.find(other).knows(TypeFileInfo::Digest);
-                std::this_thread::yield();
-            }
+    handler->isMulti = [&](const QString& /*asked*/) {
+        const auto isHashed = [](const QString& path) {
+            return TypeFileInfoCache::instance().find(path).knows(TypeFileInfo::Digest);
+        };
+        QElapsedTimer timer;
+        timer.start();
+        while (!hashed && timer.elapsed() < 10'000) {
+            hashed = std::count_if(paths.cbegin(), paths.cend(), isHashed) == paths.size() - 1;
+            std::this_thread::yield();
         }
         return false;
     };

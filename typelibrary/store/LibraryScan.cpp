@@ -86,14 +86,19 @@ void fillHostsShare(STreeNode& node, const TypeFileInfo& info)
     node.cabinetBlock = info.cabinetBlock;
 }
 
+void fill(STreeNode& node, const TypeFileInfo& info)
+{
+    fillHostsShare(node, info);
+    node.md5 = info.md5;
+}
+
 // Fills the node when everything about its file is known already; false if not.
 bool fillFromCache(STreeNode& node)
 {
     const TypeFileInfo info = TypeFileInfoCache::instance().findAndShare(node.path);
     if (!info.knows(TypeFileInfo::All))
         return false;
-    fillHostsShare(node, info);
-    node.md5 = info.md5;
+    fill(node, info);
     return true;
 }
 
@@ -116,10 +121,12 @@ public:
         }
     }
 
-    // Takes part in the work until it is done and waits for the helpers.
+    // The position of a type whose digest the caller is to compute; behind the last when there is none left.
+    std::size_t take() { return m_next++; }
+
+    // Waits for the helpers.
     void finish()
     {
-        run();
         for (std::thread& helper : m_helpers)
             helper.join();
         m_helpers.clear();
@@ -141,7 +148,7 @@ private:
     {
         try {
             const ScanThread scanning;
-            for (std::size_t i = m_next++; i < m_types.size(); i = m_next++) {
+            for (std::size_t i = take(); i < m_types.size(); i = take()) {
                 ScanThread::checkpoint();
                 m_types[i]->md5 = typeFileInfo(m_types[i]->path, TypeFileInfo::Digest).md5;
             }
@@ -184,10 +191,16 @@ std::vector<STreeNode> scanLibrary(const QString& folder, unsigned threads)
         threads = std::max(1U, std::thread::hardware_concurrency());
     DigestWork digests(types);
     digests.start(std::min(threads - 1, static_cast<unsigned>(types.size() - 1)));
-    // Meanwhile the helpers write the digests into these nodes; all other members are written here.
-    for (STreeNode* node : types) {
+    // The host is asked about all of them here. Meanwhile the helpers write digests into their nodes, and nothing else.
+    for (std::size_t asked = 0; asked < types.size(); ++asked) {
         ScanThread::checkpoint();
-        fillHostsShare(*node, typeFileInfo(node->path, hostsShare));
+        const std::size_t own = digests.take();
+        for (; asked < std::min(own, types.size()); ++asked) {
+            ScanThread::checkpoint();
+            fillHostsShare(*types[asked], typeFileInfo(types[asked]->path, hostsShare));
+        }
+        if (own < types.size())
+            fill(*types[own], typeFileInfo(types[own]->path, TypeFileInfo::All));
     }
     digests.finish();
     return nodes;

@@ -60,23 +60,22 @@ TypeFileInfo typeFileInfo(const QString& path, std::uint8_t attributes)
 
     TypeFileInfoCache::Computation computation(cache, path);
     TypeFileInfo computed;
-    if (missing & TypeFileInfo::Digest) {
-        computed.md5 = Utils::getFileMD5(path);
-        computed.known = TypeFileInfo::Digest;
-    }
     const auto hostsShare = static_cast<std::uint8_t>(missing & ~TypeFileInfo::Digest);
     if (hostsShare != 0) {
         if (const auto host = settingHandler()) {
             askHost(path, hostsShare, *host, computed);
-            computed.known = missing;
+            computed.known = hostsShare;
         } else if (hostsShare & TypeFileInfo::Type) {
             info.nodeType = NodeType::SingleRcv;
         }
     }
+    if (missing & TypeFileInfo::Digest) {
+        computed.md5 = Utils::getFileMD5(path);
+        computed.known = static_cast<std::uint8_t>(computed.known | TypeFileInfo::Digest);
+    }
     // What was found out about a file that is gone must not meet another one that appears under its name. A file with
-    // a digest was there, which saves another look at the disk.
-    const bool wasThere = missing == TypeFileInfo::Digest && !isEmpty(computed.md5);
-    if (wasThere || QFileInfo::exists(path))
+    // a digest was there after the host had been asked, which saves another look at the disk.
+    if (!isEmpty(computed.md5) || QFileInfo::exists(path))
         computation.commit(computed);
     info.merge(computed);
     return info;
