@@ -2,13 +2,23 @@
 
 namespace {
 
-// The model without the rest of the disk, which a model tester would walk through.
+// The model without the rest of the disk, which a model tester would walk through. Nor are the folders that the library
+// lies in loaded: the model would follow them from then on, and read again when other programs write to them.
 class LibraryOnly : public QSortFilterProxyModel
 {
 public:
     explicit LibraryOnly(const QString& folder)
         : m_folder(folder + QLatin1Char('/'))
     {
+    }
+    bool canFetchMore(const QModelIndex& parent) const override
+    {
+        return isInLibrary(parent) && QSortFilterProxyModel::canFetchMore(parent);
+    }
+    void fetchMore(const QModelIndex& parent) override
+    {
+        if (isInLibrary(parent))
+            QSortFilterProxyModel::fetchMore(parent);
     }
 
 protected:
@@ -19,6 +29,11 @@ protected:
     }
 
 private:
+    bool isInLibrary(const QModelIndex& index) const
+    {
+        return (index.data(CProductTreeModel::PathRole).toString() + QLatin1Char('/')).startsWith(m_folder);
+    }
+
     const QString m_folder;
 };
 
