@@ -22,7 +22,7 @@ bool isDone(bool done, const QString& error)
 
 QString settingsPath(const WritePlace& place)
 {
-    return place.work + QStringLiteral("/settings.json");
+    return place.inWork(QStringLiteral("settings.json"));
 }
 
 // What is written through a buffer fails at another moment than what is longer.
@@ -128,7 +128,7 @@ Write newerSettingsWrite()
 
 Write projectWrite(const char* name, int size)
 {
-    const auto path = [](const WritePlace& place) { return place.work + QStringLiteral("/Stage.prj"); };
+    const auto path = [](const WritePlace& place) { return place.inWork(QStringLiteral("Stage.prj")); };
     const auto save = [=](const WritePlace& place, int turn) {
         Project project;
         for (int i = 0; i < 10; ++i) {
@@ -153,7 +153,7 @@ Write projectWrite(const char* name, int size)
 
 QString typePath(const WritePlace& place)
 {
-    return place.work + QStringLiteral("/Type.rcvp");
+    return place.inWork(QStringLiteral("Type.rcvp"));
 }
 
 Write typeFileWrite()
@@ -187,12 +187,12 @@ Write cabinetRecordWrite()
 
 Write samplesWrite()
 {
-    const auto library = [](const WritePlace& place) { return place.work + QStringLiteral("/library"); };
+    const auto library = [](const WritePlace& place) { return place.inWork(QStringLiteral("library")); };
     Write write;
     write.name = "sample library";
     write.prepare = [](const WritePlace& place) {
         for (int i = 0; i < 3; ++i)
-            writeFile(place.source + QStringLiteral("/G/%1.rcvp").arg(i), content(i));
+            writeFile(place.inSource(QStringLiteral("G/%1.rcvp").arg(i)), content(i));
     };
     write.perform = [=](const WritePlace& place, int turn) {
         if (turn % 2 == 0)

@@ -10,16 +10,6 @@ namespace {
 
 using STreeNode = SSettings::TypeLibrary::STreeNode;
 
-QString inWork(const WritePlace& place, const char* name)
-{
-    return place.work + QLatin1Char('/') + QLatin1String(name);
-}
-
-QString inSource(const WritePlace& place, const char* name)
-{
-    return place.source + QLatin1Char('/') + QLatin1String(name);
-}
-
 QString strangerIn(const std::vector<STreeNode>& nodes)
 {
     for (const STreeNode& node : nodes) {
@@ -47,19 +37,19 @@ Write importFilesWrite()
     write.isAtomic = false;
     write.prepare = [=](const WritePlace& place) {
         for (int i = 0; i < names.size(); ++i)
-            writeFile(inSource(place, names.at(i)), content(i));
-        writeFile(inWork(place, "Old.rcvp"), content(9));
+            writeFile(place.inSource(QLatin1String(names.at(i))), content(i));
+        writeFile(place.inWork(QStringLiteral("Old.rcvp")), content(9));
         CTypeLibrary::instance().setRootPath(place.work);
     };
     write.perform = [=](const WritePlace& place, int turn) {
         if (turn % 2 == 1) {
             for (const char* name : names)
-                takeAway(place, inWork(place, name));
+                takeAway(place, place.inWork(QLatin1String(name)));
             return true;
         }
         QStringList files;
         for (const char* name : names)
-            files << inSource(place, name);
+            files << place.inSource(QLatin1String(name));
         return !importFiles(files, place.work).failed;
     };
     write.inspect = inspectLibrary;
@@ -73,29 +63,41 @@ Write importFolderWrite()
     write.isAtomic = false;
     write.prepare = [](const WritePlace& place) {
         for (int i = 0; i < 4; ++i)
-            writeFile(inSource(place, i % 2 == 0 ? "G/%1.rcvp" : "G/H/%1.rcvbp").arg(i), content(i));
-        writeFile(inWork(place, "Old.rcvp"), content(9));
+            writeFile(place.inSource(QLatin1String(i % 2 == 0 ? "G/%1.rcvp" : "G/H/%1.rcvbp")).arg(i), content(i));
+        writeFile(place.inWork(QStringLiteral("Old.rcvp")), content(9));
         CTypeLibrary::instance().setRootPath(place.work);
     };
     write.perform = [](const WritePlace& place, int turn) {
         if (turn % 2 == 0)
-            return importFolder(inSource(place, "G"), inWork(place, "G")).copied;
-        takeAway(place, inWork(place, "G"));
+            return importFolder(place.inSource(QStringLiteral("G")), place.inWork(QStringLiteral("G"))).copied;
+        takeAway(place, place.inWork(QStringLiteral("G")));
         return true;
     };
     write.inspect = inspectLibrary;
     return write;
 }
 
+// Two contents for a file of the work folder to have by turns. It has the second one.
+std::function<void(const WritePlace&)> twoContentsFor(const QString& name)
+{
+    return [name](const WritePlace& place) {
+        writeFile(place.inSource(QStringLiteral("0.rcvp")), content(0));
+        writeFile(place.inSource(QStringLiteral("1.rcvp")), content(1));
+        writeFile(place.inWork(name), content(1));
+    };
+}
+
 Write exportToNewFileWrite()
 {
     Write write;
     write.name = "export to a new file";
-    write.prepare = [](const WritePlace& place) { writeFile(inSource(place, "A.rcvp"), content(0)); };
+    write.prepare = [](const WritePlace& place) { writeFile(place.inSource(QStringLiteral("A.rcvp")), content(0)); };
     write.perform = [](const WritePlace& place, int turn) {
         if (turn % 2 == 0)
-            return exportFile(inSource(place, "A.rcvp"), inWork(place, "A.rcvp"), place.source).done;
-        takeAway(place, inWork(place, "A.rcvp"));
+            return exportFile(place.inSource(QStringLiteral("A.rcvp")), place.inWork(QStringLiteral("A.rcvp")),
+                              place.source)
+                .done;
+        takeAway(place, place.inWork(QStringLiteral("A.rcvp")));
         return true;
     };
     return write;
@@ -105,13 +107,11 @@ Write exportOverFileWrite()
 {
     Write write;
     write.name = "export over a file";
-    write.prepare = [](const WritePlace& place) {
-        writeFile(inSource(place, "0.rcvp"), content(0));
-        writeFile(inSource(place, "1.rcvp"), content(1));
-        writeFile(inWork(place, "T.rcvp"), content(1));
-    };
+    write.prepare = twoContentsFor(QStringLiteral("T.rcvp"));
     write.perform = [](const WritePlace& place, int turn) {
-        return exportFile(inSource(place, "%1.rcvp").arg(turn % 2), inWork(place, "T.rcvp"), place.source).done;
+        return exportFile(place.inSource(QStringLiteral("%1.rcvp")).arg(turn % 2),
+                          place.inWork(QStringLiteral("T.rcvp")), place.source)
+            .done;
     };
     return write;
 }
@@ -123,12 +123,13 @@ Write exportFolderWrite()
     write.isAtomic = false;
     write.prepare = [](const WritePlace& place) {
         for (int i = 0; i < 4; ++i)
-            writeFile(inSource(place, "%1/G/%2.rcvp").arg(i % 2).arg(i / 2), content(i));
+            writeFile(place.inSource(QStringLiteral("%1/G/%2.rcvp")).arg(i % 2).arg(i / 2), content(i));
         for (int i = 0; i < 2; ++i)
-            writeFile(inWork(place, "All types/G/%1.rcvp").arg(i), content(2 * i + 1));
+            writeFile(place.inWork(QStringLiteral("All types/G/%1.rcvp")).arg(i), content(2 * i + 1));
     };
     write.perform = [](const WritePlace& place, int turn) {
-        return exportFolder(inSource(place, "%1").arg(turn % 2), place.work, place.source, QStringLiteral("All types"))
+        return exportFolder(place.inSource(QStringLiteral("%1")).arg(turn % 2), place.work, place.source,
+                            QStringLiteral("All types"))
             .done;
     };
     return write;
@@ -138,14 +139,10 @@ Write replacementWrite()
 {
     Write write;
     write.name = "replacement of a type";
-    write.prepare = [](const WritePlace& place) {
-        writeFile(inSource(place, "0.rcvp"), content(0));
-        writeFile(inSource(place, "1.rcvp"), content(1));
-        writeFile(inWork(place, "T.rcvp"), content(1));
-    };
+    write.prepare = twoContentsFor(QStringLiteral("T.rcvp"));
     write.perform = [](const WritePlace& place, int turn) {
-        const QString type = inWork(place, "T.rcvp");
-        return replaceInLibrary(inSource(place, "%1.rcvp").arg(turn % 2), type, type);
+        const QString type = place.inWork(QStringLiteral("T.rcvp"));
+        return replaceInLibrary(place.inSource(QStringLiteral("%1.rcvp")).arg(turn % 2), type, type);
     };
     write.inspect = inspectLibrary;
     return write;
@@ -155,17 +152,15 @@ Write replacementByOtherNameWrite()
 {
     Write write;
     write.name = "replacement of a type under another name";
-    write.prepare = [](const WritePlace& place) {
-        writeFile(inSource(place, "0.rcvp"), content(0));
-        writeFile(inSource(place, "1.rcvp"), content(1));
-        writeFile(inWork(place, "T1.rcvp"), content(1));
-    };
+    write.prepare = twoContentsFor(QStringLiteral("T1.rcvp"));
     write.perform = [](const WritePlace& place, int turn) {
-        return replaceInLibrary(inSource(place, "%1.rcvp").arg(turn % 2), inWork(place, "T%1.rcvp").arg(1 - turn % 2),
-                                inWork(place, "T%1.rcvp").arg(turn % 2));
+        return replaceInLibrary(place.inSource(QStringLiteral("%1.rcvp")).arg(turn % 2),
+                                place.inWork(QStringLiteral("T%1.rcvp")).arg(1 - turn % 2),
+                                place.inWork(QStringLiteral("T%1.rcvp")).arg(turn % 2));
     };
     write.inspect = [](const WritePlace& place) {
-        const bool lost = !QFileInfo::exists(inWork(place, "T0.rcvp")) && !QFileInfo::exists(inWork(place, "T1.rcvp"));
+        const bool lost = !QFileInfo::exists(place.inWork(QStringLiteral("T0.rcvp"))) &&
+                          !QFileInfo::exists(place.inWork(QStringLiteral("T1.rcvp")));
         return lost ? QStringLiteral("The type is lost") : inspectLibrary(place);
     };
     return write;

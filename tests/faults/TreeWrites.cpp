@@ -6,16 +6,11 @@
 
 namespace {
 
-QString path(const WritePlace& place, const QString& name)
-{
-    return place.work + QLatin1Char('/') + name;
-}
-
 void makeLibrary(const WritePlace& place)
 {
-    writeFile(path(place, QStringLiteral("T1.rcvp")), content(1));
-    writeFile(path(place, QStringLiteral("G1/A.rcvp")), content(2));
-    writeFile(path(place, QStringLiteral("G1/H/B.rcvp")), content(3));
+    writeFile(place.inWork(QStringLiteral("T1.rcvp")), content(1));
+    writeFile(place.inWork(QStringLiteral("G1/A.rcvp")), content(2));
+    writeFile(place.inWork(QStringLiteral("G1/H/B.rcvp")), content(3));
 }
 
 // Turns give the names in turn, the first of them T0 or G0.
@@ -28,12 +23,12 @@ Write renameWrite(const char* title, const QString& name)
     write.prepare = makeLibrary;
     write.perform = [=](const WritePlace& place, int turn) {
         CProductTreeModel model;
-        const QModelIndex entry = model.index(path(place, name.arg(1 - turn % 2)));
+        const QModelIndex entry = model.index(place.inWork(name.arg(1 - turn % 2)));
         model.setRootPath(place.work);
         return model.setData(entry, QFileInfo(name.arg(turn % 2)).completeBaseName());
     };
     write.inspect = [=](const WritePlace& place) {
-        const int found = QFileInfo::exists(path(place, name.arg(0))) + QFileInfo::exists(path(place, name.arg(1)));
+        const int found = QFileInfo::exists(place.inWork(name.arg(0))) + QFileInfo::exists(place.inWork(name.arg(1)));
         return found == 1 ? QString() : QStringLiteral("There are %1 entries").arg(found);
     };
     return write;
@@ -50,7 +45,7 @@ Write newFolderWrite()
         CProductTreeModel model;
         if (turn % 2 == 0)
             return model.mkdir(model.index(place.work), name).isValid();
-        takeAway(place, path(place, name));
+        takeAway(place, place.inWork(name));
         return true;
     };
     return write;
@@ -70,7 +65,7 @@ Write removal(const char* title, const std::function<bool(const WritePlace&)>& r
         again.work = place.trash + QStringLiteral("/again");
         makeLibrary(again);
         for (const char* name : {"T1.rcvp", "G1"})
-            QFile::rename(path(again, QLatin1String(name)), path(place, QLatin1String(name))); // unless it is there
+            QFile::rename(again.inWork(QLatin1String(name)), place.inWork(QLatin1String(name))); // unless it is there
         return true;
     };
     return write;
@@ -79,7 +74,7 @@ Write removal(const char* title, const std::function<bool(const WritePlace&)>& r
 bool removeInModel(const WritePlace& place, const QString& name)
 {
     CProductTreeModel model;
-    const QModelIndex entry = model.index(path(place, name));
+    const QModelIndex entry = model.index(place.inWork(name));
     return entry.isValid() && model.remove(entry);
 }
 

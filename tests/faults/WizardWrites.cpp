@@ -9,12 +9,12 @@ namespace {
 
 QString cardOf(const WritePlace& place)
 {
-    return place.source + QStringLiteral("/Card.rcvp");
+    return place.inSource(QStringLiteral("Card.rcvp"));
 }
 
 QString fileOf(const WritePlace& place, const QString& name)
 {
-    return QStringLiteral("%1/%2.rcvbp").arg(place.work, name);
+    return place.inWork(name + QStringLiteral(".rcvbp"));
 }
 
 // The wizard's last step: what it has made differs from turn to turn. Whether it is there afterwards.

@@ -13,6 +13,9 @@ struct WritePlace
     QString work;   // the folder that is written to, which faults befall
     QString source; // a folder that is only read, on a sound disk
     QString trash;  // what repeating a write has to get out of the way goes here, on the same disk as `work`
+
+    QString inWork(const QString& name) const { return work + QLatin1Char('/') + name; }
+    QString inSource(const QString& name) const { return source + QLatin1Char('/') + name; }
 };
 
 // One way in which the host or the plug-in writes files.
