@@ -25,17 +25,15 @@ SMD5 Utils::getFileMD5(const QString& path)
     static thread_local std::array<char, 64 * 1024> buffer;
     static thread_local QCryptographicHash hash(QCryptographicHash::Md5);
     hash.reset();
+    off_t left = status.st_size; // 0 of a file whose size the system does not know before it is read
     ssize_t count = 0;
-    off_t total = 0;
     do {
         count = file.read(buffer.data(), buffer.size());
         if (count < 0)
             return md5;
         hash.addData(buffer.data(), static_cast<int>(count));
-        total += count;
-        // A file that fits into the buffer is not read a second time to learn that it has ended.
-    } while (count == static_cast<ssize_t>(buffer.size()) || (count > 0 && total < status.st_size));
-
+        left -= count;
+    } while (count > 0 && left != 0); // most types are read by one call, and none to learn that they have ended
     const QByteArray digits = hash.result().toHex();
     std::copy(digits.begin(), digits.end(), md5.data);
     return md5;

@@ -193,12 +193,12 @@ std::vector<STreeNode> scanLibrary(const QString& folder, unsigned threads)
     digests.start(std::min(threads - 1, static_cast<unsigned>(types.size() - 1)));
     // The host is asked about all of them here. Meanwhile the helpers write digests into their nodes, and nothing else.
     for (std::size_t asked = 0; asked < types.size(); ++asked) {
-        ScanThread::checkpoint();
         const std::size_t own = digests.take();
         for (; asked < std::min(own, types.size()); ++asked) {
             ScanThread::checkpoint();
             fillHostsShare(*types[asked], typeFileInfo(types[asked]->path, hostsShare));
         }
+        ScanThread::checkpoint();
         if (own < types.size())
             fill(*types[own], typeFileInfo(types[own]->path, TypeFileInfo::All));
     }
