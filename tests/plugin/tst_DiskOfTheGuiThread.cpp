@@ -1,12 +1,17 @@
+#include "monitoring/CEmailEditDlg.h"
 #include "plugin/interface/ISettingInterface.h"
+#include "shortcut/CShortcutPanel.h"
+#include "tests/multircv/Wizard.h"
 #include "tests/support/AreaFixture.h"
 #include "tests/support/FileFixture.h"
 #include "tests/support/FileSystemCalls.h"
 
 #include <QApplication>
+#include <QFileSystemWatcher>
 #include <QHelpEvent>
 #include <QHoverEvent>
 #include <QScrollBar>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <QTreeView>
 
@@ -23,6 +28,9 @@ private Q_SLOTS:
     void whatIsHeard();
     void handlingWithoutTheDisk_data();
     void handlingWithoutTheDisk();
+    void wizardWithoutTheDisk();
+    void recipientDialogWithoutTheDisk();
+    void shortcutPanelWithoutTheDisk();
 
 private:
     void expandGroups();
@@ -95,9 +103,20 @@ void scroll(QWidget& window)
     }
 }
 
+using Handling = void (*)(QWidget& window);
+
+// What a shown window asks of the disk when it is handled in every way.
+QString callsOf(QWidget& window)
+{
+    paint(window); // Qt looks for the fonts on the disk
+    FileSystemCalls calls;
+    for (const Handling handling : {&paint, &resize, &hover, &askForTooltips, &scroll})
+        handling(window);
+    return calls.take().join(QLatin1Char('\n'));
+}
+
 } // namespace
 
-using Handling = void (*)(QWidget& window);
 Q_DECLARE_METATYPE(Handling)
 
 void tst_DiskOfTheGuiThread::initTestCase()
@@ -110,6 +129,7 @@ void tst_DiskOfTheGuiThread::initTestCase()
             writeFile(m_library->path() + name.arg(QLatin1String(type % 3 == 0 ? "rcvbp" : "rcvp")), name.toUtf8());
         }
     }
+    writeFile(m_library->path() + QStringLiteral("/Card.rcvp"), "card");
     static_cast<ISettingInterface&>(area()).setHandler(new FakeHandler);
     area().setTypeLibraryPath(m_library->path());
     AreaFixture::cleanup();
@@ -126,7 +146,9 @@ void tst_DiskOfTheGuiThread::init()
     m_window->resize(1000, 700);
     m_window->show();
     m_pTree = area().findChild<QTreeView*>(QStringLiteral("TypeLibrary"));
-    QTRY_COMPARE(m_pTree->model()->rowCount(m_pTree->rootIndex()), groups);
+    // Once sorted, the types come behind the groups.
+    QTRY_COMPARE(m_pTree->model()->index(groups, 0, m_pTree->rootIndex()).data().toString(),
+                 QStringLiteral("Card.rcvp"));
 }
 
 void tst_DiskOfTheGuiThread::cleanup()
@@ -158,6 +180,16 @@ void tst_DiskOfTheGuiThread::whatIsHeard()
     QFile file(m_library->path() + QStringLiteral("/Group 0/Type 1.rcvp"));
     QVERIFY(file.open(QFile::ReadOnly));
     QCOMPARE(calls.take().value(0), QStringLiteral("open64(%1)").arg(file.fileName()));
+    QVERIFY(!QStorageInfo(m_library->path()).device().isEmpty());
+    QVERIFY(!calls.take().filter(QStringLiteral("statvfs64(")).isEmpty());
+    const QString made = m_library->path() + QStringLiteral("/Group 0/made");
+    QVERIFY(QDir().mkdir(made));
+    QCOMPARE(calls.take(), QStringList({QStringLiteral("mkdir(%1)").arg(made)}));
+    QVERIFY(QFileSystemWatcher().addPath(made));
+    QVERIFY(calls.take().contains(QStringLiteral("inotify_add_watch(%1)").arg(made)));
+    QVERIFY(QDir().rename(made, made + QLatin1Char('2')));
+    QVERIFY(calls.take().contains(QStringLiteral("renameat2(%1)").arg(made)));
+    QVERIFY(QDir().rmdir(made + QLatin1Char('2')));
 }
 
 void tst_DiskOfTheGuiThread::handlingWithoutTheDisk_data()
@@ -187,6 +219,41 @@ void tst_DiskOfTheGuiThread::handlingWithoutTheDisk()
     FileSystemCalls calls;
     handling(*m_window);
     QCOMPARE(calls.take().join(QLatin1Char('\n')), QString());
+}
+
+void tst_DiskOfTheGuiThread::wizardWithoutTheDisk()
+{
+    Wizard wizard(m_library->path());
+    QCOMPARE(callsOf(wizard.dialog), QString());
+    wizard.pick(QStringLiteral("Card"));
+    wizard.next();
+    QCOMPARE(wizard.step(), 1);
+    QCOMPARE(callsOf(wizard.dialog), QString());
+    wizard.applyTopology(QStringLiteral("left-down"));
+    wizard.next();
+    QCOMPARE(wizard.step(), 2);
+    QCOMPARE(callsOf(wizard.dialog), QString());
+}
+
+void tst_DiskOfTheGuiThread::recipientDialogWithoutTheDisk()
+{
+    const QList<SEmailRecipient> recipients{{QStringLiteral("Bob"), QStringLiteral("bob@host.com")}};
+    CEmailEditDlg dialog(&recipients, 0, nullptr);
+    dialog.show();
+    QCOMPARE(callsOf(dialog), QString());
+}
+
+void tst_DiskOfTheGuiThread::shortcutPanelWithoutTheDisk()
+{
+    QWidget overlay;
+    CShortcutPanel panel(&overlay);
+    const SSettings defaults;
+    panel.setShortcuts(defaults.layoutShortcuts, defaults.softEdgeShortcuts);
+    panel.setGeometry(0, 0, 1000, 245);
+    panel.show();
+    overlay.resize(1000, 245);
+    overlay.show();
+    QCOMPARE(callsOf(overlay), QString());
 }
 
 SETTINGAREA_TEST_MAIN(tst_DiskOfTheGuiThread, QApplication)

@@ -5,9 +5,13 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <cstdarg>
+#include <cstdio>
 
 namespace {
 
@@ -64,6 +68,30 @@ HEARD(int, lstat, (const char* path, struct stat* status), (path, status))
 HEARD(int, stat, (const char* path, struct stat* status), (path, status))
 HEARD(ssize_t, readlink, (const char* path, char* buffer, size_t size), (path, buffer, size))
 HEARD(char*, realpath, (const char* path, char* resolved), (path, resolved))
+HEARD(int, mkdir, (const char* path, mode_t mode), (path, mode))
+HEARD(int, statvfs64, (const char* path, struct statvfs64* status), (path, status))
+HEARD(int, unlink, (const char* path), (path))
+
+Q_DECL_EXPORT FILE* fopen(const char* path, const char* mode)
+{
+    static const auto next = NEXT(fopen);
+    note("fopen", path);
+    return next(path, mode);
+}
+
+Q_DECL_EXPORT int inotify_add_watch(int watch, const char* path, std::uint32_t mask) noexcept
+{
+    static const auto next = NEXT(inotify_add_watch);
+    note("inotify_add_watch", path);
+    return next(watch, path, mask);
+}
+
+Q_DECL_EXPORT int renameat2(int folder, const char* path, int toFolder, const char* to, unsigned flags) noexcept
+{
+    static const auto next = NEXT(renameat2);
+    note("renameat2", path);
+    return next(folder, path, toFolder, to, flags);
+}
 
 Q_DECL_EXPORT int statx(int folder, const char* path, int flags, unsigned mask, struct statx* status) noexcept
 {
