@@ -4,6 +4,8 @@
 #include <utilbase/Utils.h>
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <array>
@@ -48,6 +50,7 @@ private Q_SLOTS:
     void digestOfContent();
     void oddNames_data();
     void oddNames();
+    void fileOfUnknownSize();
     void largeFileStaysOnDisk();
     void linkToFile();
     void noRegularFile_data();
@@ -98,6 +101,18 @@ void tst_FileMD5::oddNames()
     QFETCH(QString, name);
     QVERIFY(writeFile(path(name), QByteArrayLiteral("abc")));
     QCOMPARE(digest(path(name)), expected("900150983cd24fb0d6963f7d28e17f72"));
+}
+
+// The kernel writes these while they are read, by the page, and gives 0 for their size.
+void tst_FileMD5::fileOfUnknownSize()
+{
+    QFile file(QStringLiteral("/proc/crypto"));
+    if (!file.open(QFile::ReadOnly))
+        QSKIP("There is no such file here");
+    const QByteArray content = file.readAll();
+    QVERIFY(content.size() > 4096);
+    QCOMPARE(digest(file.fileName()),
+             expected(QCryptographicHash::hash(content, QCryptographicHash::Md5).toHex().constData()));
 }
 
 void tst_FileMD5::largeFileStaysOnDisk()

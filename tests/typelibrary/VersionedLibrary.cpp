@@ -10,7 +10,7 @@
 
 namespace {
 
-// Long enough to be changed while it is hashed.
+// Long enough for a file to be replaced while it is hashed.
 QByteArray contentOf(int file, int version)
 {
     constexpr int size = 40'000;
