@@ -1,5 +1,6 @@
 #include "benchmarks/CountedWork.h"
 
+#include "benchmarks/PaintedWindow.h"
 #include "benchmarks/Rows.h"
 #include "benchmarks/Stage.h"
 #include "typelibrary/store/CTypeLibrary.h"

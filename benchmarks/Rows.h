@@ -5,7 +5,6 @@
 #include "benchmarks/Measurement.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <vector>
 
 // Each function measures one row, which may be several lines of the table. [GUI thread]
@@ -32,9 +31,8 @@ std::vector<Measurement> measureGrowth(const BenchOptions& options);
 // took as numbers.
 void printGrowth(const QString& folder);
 
-// What measureStart() runs in a process of its own: opens a window with "our" pages or "plain" ones and prints as
-// numbers how long that took since `begun`, in nanoseconds of the steady clock, and each tab after the first.
-void printStart(const QString& pages, std::int64_t begun);
+// What measureStart() runs in a process of its own: printStart() of the settings area.
+void printOurStart(const QString& begun);
 
 // A library as users with many types have it.
 inline LibraryFiles usualLibrary(const BenchOptions& options)

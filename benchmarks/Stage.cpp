@@ -8,11 +8,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QTimer>
-#include <QWidget>
-
-#include <unistd.h>
 
 ISettingInterface& settingArea()
 {
@@ -39,13 +35,6 @@ void processEventsFor(int milliseconds)
     loop.exec();
 }
 
-void paintNow(QWidget* window)
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-    window->repaint();
-}
-
 void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int rows)
 {
     constexpr int timeoutMs = 60'000;
@@ -56,12 +45,4 @@ void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int
             qFatal("%d of %d rows are shown", model.rowCount(folder), rows);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
     }
-}
-
-double residentSize()
-{
-    QFile statm(QStringLiteral("/proc/self/statm"));
-    if (!statm.open(QIODevice::ReadOnly))
-        qFatal("No /proc/self/statm");
-    return statm.readAll().split(' ').at(1).toDouble() * static_cast<double>(::sysconf(_SC_PAGESIZE));
 }

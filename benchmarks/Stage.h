@@ -4,7 +4,6 @@
 
 class QAbstractItemModel;
 class QModelIndex;
-class QWidget;
 
 // The settings area with a host's handler, as every row needs it: the store asks the handler through the area.
 ISettingInterface& settingArea();
@@ -15,11 +14,5 @@ void forget(const std::vector<SSettings::TypeLibrary::STreeNode>& nodes);
 // Runs the event loop for a while.
 void processEventsFor(int milliseconds);
 
-// Lets what was changed be laid out, and paints the window.
-void paintNow(QWidget* window);
-
 // Runs the event loop until the folder shows so many rows.
 void waitForRows(const QAbstractItemModel& model, const QModelIndex& folder, int rows);
-
-// Bytes of the process in memory, with what the heap keeps for later.
-double residentSize();

@@ -1,3 +1,4 @@
+#include "benchmarks/PaintedWindow.h"
 #include "benchmarks/Rows.h"
 #include "benchmarks/Stage.h"
 #include "typelibrary/CProductTreeView.h"

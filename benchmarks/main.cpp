@@ -105,13 +105,12 @@ int main(int argc, char** argv)
         QStringLiteral("files"), QStringLiteral("Keep the generated libraries, up to 1 GB, in this folder."),
         QStringLiteral("folder"), QCoreApplication::applicationDirPath() + QStringLiteral("/../bench-files"));
     QCommandLineOption growthOption(QStringLiteral("growth-of"), {}, QStringLiteral("folder"));
-    QCommandLineOption startOption(QStringLiteral("start-of"), {}, QStringLiteral("pages"));
-    QCommandLineOption begunOption(QStringLiteral("begun"), {}, QStringLiteral("nanoseconds"));
+    QCommandLineOption startOption(QStringLiteral("start"), {}, QStringLiteral("nanoseconds"));
     QCommandLineOption countedOption(QStringLiteral("counted-work"), {}, QStringLiteral("work"));
-    for (QCommandLineOption* const own : {&growthOption, &startOption, &begunOption, &countedOption})
+    for (QCommandLineOption* const own : {&growthOption, &startOption, &countedOption})
         own->setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption, startOption,
-                       begunOption, countedOption});
+    parser.addOptions(
+        {rowsOption, repeatOption, quickOption, markdownOption, filesOption, growthOption, startOption, countedOption});
     parser.process(application);
     if (!parser.positionalArguments().isEmpty())
         parser.showHelp(2);
@@ -121,7 +120,7 @@ int main(int argc, char** argv)
         return 0;
     }
     if (parser.isSet(startOption)) {
-        printStart(parser.value(startOption), parser.value(begunOption).toLongLong());
+        printOurStart(parser.value(startOption));
         return 0;
     }
     if (parser.isSet(countedOption)) {
