@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <vector>
@@ -104,8 +105,9 @@ ProcessEnd runProcess(const QStringList& arguments, const Trace& trace, int pati
     std::uint64_t signs = trace.signs();
     bool isHanging = false;
     int status = 0;
+    pid_t ended = 0;
     // A grandchild may hold the pipes open, so that their end is not the child's.
-    while (::waitpid(child, &status, WNOHANG) == 0) {
+    while ((ended = ::waitpid(child, &status, WNOHANG)) == 0) {
         pollfd pipes[] = {{output.ends[0], POLLIN, 0}, {errors.ends[0], POLLIN, 0}};
         ::poll(pipes, 2, glance);
         if (pipes[0].revents != 0)
@@ -120,10 +122,16 @@ ProcessEnd runProcess(const QStringList& arguments, const Trace& trace, int pati
             ::kill(child, SIGKILL);
         }
     }
+    const int error = errno;
     for (Pipe* const pipe : {&output, &errors}) {
         pollfd rest{pipe->ends[0], POLLIN, 0};
         while (pipe->ends[0] >= 0 && ::poll(&rest, 1, 0) > 0)
             pipe->drainInto(pipe == &output ? result.output : result.errors);
+    }
+    if (ended != child) {
+        result.manner =
+            QStringLiteral("ended in a way that is not known: %1").arg(QString::fromLocal8Bit(std::strerror(error)));
+        return result;
     }
     result.isClean = WIFEXITED(status) && WEXITSTATUS(status) == 0;
     result.manner = isHanging ? QStringLiteral("hung: no sign of life for %1 s").arg(patience) : inWords(status);

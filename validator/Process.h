@@ -15,5 +15,6 @@ struct ProcessEnd
 };
 
 // Runs this program again with the arguments and waits for its end. A child that gives no sign of life in the trace for
-// `patience` seconds is ended.
+// `patience` seconds is ended. Needs a SIGCHLD that is not ignored, or the system does not tell how the child ended; it
+// is not clean then.
 ProcessEnd runProcess(const QStringList& arguments, const Trace& trace, int patience);

@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include <csignal>
+
 namespace {
 
 // The lines of a child's output that are of this kind.
@@ -58,6 +60,8 @@ bool holds(const Options& options, int position, const QString& traceFile, QText
 
 int runChecks(const Options& options)
 {
+    // Whoever started this program may ignore it, and passes that on.
+    std::signal(SIGCHLD, SIG_DFL);
     QTextStream out(stdout);
     const QTemporaryDir folder;
     if (!folder.isValid()) {
