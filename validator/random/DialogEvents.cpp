@@ -74,14 +74,20 @@ bool DialogEvents::isWanted()
 void DialogEvents::answer(Scene& scene, Random& random)
 {
     auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (random.oneIn(4) || !name) {
+    if (random.oneIn(4)) {
         scene.say(QStringLiteral("cancel the file dialog"));
         QMetaObject::invokeMethod(dialog, "reject", Qt::QueuedConnection);
         return;
     }
     const QString choice = anyChoice(*dialog, scene, random);
     scene.say(QStringLiteral("choose %1").arg(choice));
-    name->setText(choice);
-    QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+    choose(*dialog, choice);
+}
+
+void DialogEvents::choose(QFileDialog& dialog, const QString& choice)
+{
+    auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (name)
+        name->setText(choice);
+    QMetaObject::invokeMethod(&dialog, name ? "accept" : "reject", Qt::QueuedConnection);
 }

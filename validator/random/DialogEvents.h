@@ -1,5 +1,7 @@
 #pragma once
 
+class QFileDialog;
+class QString;
 class Random;
 struct Scene;
 
@@ -13,4 +15,7 @@ public:
 
     // Chooses files or a folder of the scene's, or cancels.
     static void answer(Scene& scene, Random& random);
+
+    // Chooses the path, or several in quotes, and closes the dialog soon.
+    static void choose(QFileDialog& dialog, const QString& choice);
 };

@@ -56,6 +56,7 @@ EventStream::EventStream(Stage& stage, const Options& options)
     : m_stage(stage),
       m_scene(stage),
       m_record(*stage.settings().widget(), stage.report()),
+      m_index(m_scene),
       m_seed(options.seed),
       m_count(options.events),
       m_patience(options.halfPatience())
@@ -68,10 +69,11 @@ void EventStream::run()
     m_sinceStep.start();
     startTimer(0);
     m_loop.exec();
-    m_stage.report().note(QStringLiteral("%1 events, seed %2, %3 times the invariants, steps %4")
+    m_stage.report().note(QStringLiteral("%1 events, seed %2, %3 times the invariants, %4 times the index, steps %5")
                               .arg(m_number)
                               .arg(m_seed)
                               .arg(m_checks)
+                              .arg(m_indexChecks)
                               .arg(QString::fromLatin1(m_scene.said().toHex().left(8))));
 }
 
@@ -82,6 +84,10 @@ void EventStream::timerEvent(QTimerEvent* event)
     startTimer(0);
     if (m_sinceStep.hasExpired(m_patience))
         end(QStringLiteral("it does not come to rest"));
+    if (m_index.isAsking()) {
+        m_index.answer();
+        return;
+    }
     m_calmTurns = isAtRest() ? m_calmTurns + 1 : 0;
     if (m_calmTurns < calmTurnsBetween)
         return;
@@ -148,6 +154,15 @@ void EventStream::checkInvariants()
         end(difference);
     m_bCheckIsDue = false;
     ++m_checks;
+    if (QThread::currentThread()->loopLevel() != m_loops || !m_index.canBeAsked())
+        return;
+    m_calmTurns = 0;
+    m_sinceStep.restart();
+    difference = m_index.difference(record.typeLibraryTree);
+    if (!difference.isEmpty())
+        end(difference);
+    ++m_indexChecks;
+    m_sinceStep.restart();
 }
 
 void EventStream::closeAll()

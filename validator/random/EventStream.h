@@ -1,5 +1,6 @@
 #pragma once
 
+#include "validator/random/IndexInvariant.h"
 #include "validator/random/PromptAnimations.h"
 #include "validator/random/RecordInvariant.h"
 #include "validator/random/Scene.h"
@@ -41,6 +42,7 @@ private:
     PromptAnimations m_animations;
     Scene m_scene;
     const RecordInvariant m_record;
+    IndexInvariant m_index;
     const std::uint64_t m_seed;
     const int m_count;
     const int m_patience; // milliseconds until all must be at rest and agree
@@ -51,5 +53,6 @@ private:
     QEventLoop m_loop;
     int m_loops = 0; // event loops as long as no dialog has its own
     int m_checks = 0;
+    int m_indexChecks = 0;
     QElapsedTimer m_sinceStep;
 };
