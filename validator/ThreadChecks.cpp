@@ -72,6 +72,47 @@ void worksOnGuiThread(const Options& options, Report& report)
     report.expect(stage.settings().getTypeLibrary().size() == 3 + typeCount / 4, "the library is not complete");
 }
 
+// The same from within a query of the scan, whose own thread must not wait for the scan's end.
+void worksWithinQuery(const Options& options, Report& report)
+{
+    class CallingHandler : public CheckingHandler
+    {
+    public:
+        explicit CallingHandler(Stage& stage)
+            : CheckingHandler(stage.host()),
+              m_stage(stage)
+        {
+        }
+        bool isMultiRcvCabinetFile(const QString& path) override
+        {
+            ISettingInterface& settings = m_stage.settings();
+            settings.isTypeLibraryReady();
+            settings.getTypeLibrary();
+            if (settings.getHandler().get() == this)
+                settings.setHandler(new CheckingHandler(m_stage.host()));
+            return CheckingHandler::isMultiRcvCabinetFile(path);
+        }
+
+    private:
+        Stage& m_stage;
+    };
+    Stage stage(options, report);
+    if (!stage.isReady())
+        return;
+    const QString folders[] = {stage.folder(QStringLiteral("first")), stage.folder(QStringLiteral("second"))};
+    Stage::fill(folders[0], typeCount);
+    Stage::fill(folders[1], typeCount, typeCount);
+
+    stage.settings().setHandler(new CallingHandler(stage));
+    report.expect(stage.setLibrary(folders[0]), "setTypeLibraryPath is false");
+    report.expect(stage.settings().getTypeLibrary().size() == 3 + typeCount / 4, "the library is not complete");
+    stage.settings().setHandler(new CallingHandler(stage));
+    report.expect(stage.settings().setTypeLibraryPath(folders[1]), "setTypeLibraryPath on the GUI thread is false");
+    report.expect(stage.settings().getTypeLibrary().size() == 3 + typeCount / 4, "the library is not complete");
+    report.expect(stage.await([&] { return stage.host()->handlersAlive == 1; }),
+                  "a handler that replaced itself lives on");
+}
+
 // The process may end at any moment: this one does so in the middle of a scan.
 void endsDuringScan(const Options& options, Report& report)
 {
@@ -111,6 +152,7 @@ std::vector<Check> threadChecks()
     return {
         {5, "operations for any thread on six threads at once", worksOnAnyThread},
         {5, "the library set on the GUI thread", worksOnGuiThread},
+        {5, "operations for any thread within a query of the scan", worksWithinQuery},
         {5, "the process ends during a scan", endsDuringScan},
     };
 }

@@ -1,6 +1,8 @@
 #include "plugin/interface/ISettingInterface.h"
 #include "plugin/interface/SettingArea_Init.h"
 
+#include <QAbstractButton>
+
 #include <cstdlib>
 #include <string>
 #include <thread>
@@ -29,7 +31,12 @@ public:
     QWidget* widget() override { return m_area.widget(); }
     bool initialize() override { return m_area.initialize(); }
     bool isValid() override { return m_area.isValid(); }
-    void setHandler(IAbstractInterfaceHandler* handler) override { m_area.setHandler(handler); }
+    void setHandler(IAbstractInterfaceHandler* handler) override
+    {
+        if (has("no import"))
+            m_area.widget()->findChild<QAbstractButton*>(QStringLiteral("ImportCabinet"))->disconnect();
+        m_area.setHandler(handler);
+    }
     std::shared_ptr<IAbstractInterfaceHandler> getHandler() override { return m_area.getHandler(); }
     void syncLanguageWithLocale() override { m_area.syncLanguageWithLocale(); }
     void setSettings(const SSettings& settings) override { m_area.setSettings(settings); }

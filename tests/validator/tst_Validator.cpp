@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QProcess>
 
+#include <csignal>
+
 // The program as a whole, with plug-ins that are sound and such as are not.
 class tst_Validator : public TestObject
 {
@@ -17,7 +19,9 @@ private Q_SLOTS:
     void libraryWithoutTheSymbol();
     void faults_data();
     void faults();
+    void crashUnderIgnoredSigchld();
     void aFailureTellsItsSteps();
+    void theIndexIsAsked();
 
 private:
     struct Run
@@ -33,9 +37,21 @@ private:
     }
     static QString real() { return binary("libsettingarea.so"); }
 
+    // A parent that does not want to hear of its children, and what it starts inherits that.
+    class DeafProcess : public QProcess
+    {
+    protected:
+        void setupChildProcess() override { std::signal(SIGCHLD, SIG_IGN); }
+    };
+
     static Run validate(const QStringList& arguments, const char* fault = "")
     {
         QProcess process;
+        return validate(process, arguments, fault);
+    }
+
+    static Run validate(QProcess& process, const QStringList& arguments, const char* fault)
+    {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("FAULT"), QLatin1String(fault));
         process.setProcessEnvironment(environment);
@@ -69,8 +85,10 @@ void tst_Validator::soundPlugin()
     QVERIFY(lines.contains(QStringLiteral("ok   3 handler replaced during a scan")));
     QVERIFY2(run.output.contains(QLatin1String("ok   7 random use: 2000 events, seed 7, 21 times the invariants")),
              qPrintable(run.output));
+    QVERIFY2(run.output.contains(QRegularExpression(QStringLiteral(", [1-9]\\d* times the index, "))),
+             qPrintable(run.output));
     QVERIFY(!run.output.contains(QLatin1String("FAIL")));
-    QVERIFY(run.output.contains(QLatin1String("21 of 21 checks hold")));
+    QVERIFY(run.output.contains(QLatin1String("22 of 22 checks hold")));
 }
 
 void tst_Validator::sameSeedSameEvents()
@@ -131,6 +149,16 @@ void tst_Validator::faults()
     QVERIFY2(finding.isEmpty() || run.output.contains(QLatin1String("       ") + finding), qPrintable(run.output));
 }
 
+void tst_Validator::crashUnderIgnoredSigchld()
+{
+    DeafProcess process;
+    const Run run = validate(
+        process, {binary("libfaulty_plugin.so"), QStringLiteral("--strictness"), QStringLiteral("2")}, "crash");
+    QVERIFY2(run.code == 1, qPrintable(run.output));
+    QVERIFY2(run.output.contains(QLatin1String("       the process ended by signal 6 (Aborted)")),
+             qPrintable(run.output));
+}
+
 void tst_Validator::aFailureTellsItsSteps()
 {
     const Run run = validate({binary("libfaulty_plugin.so"), QStringLiteral("--strictness"), QStringLiteral("7"),
@@ -141,6 +169,20 @@ void tst_Validator::aFailureTellsItsSteps()
     const QString random = run.output.section(QStringLiteral("FAIL 7 random use"), 1);
     QVERIFY2(random.contains(QLatin1String("the last steps, with seed 3:\n")), qPrintable(run.output));
     QVERIFY2(random.contains(QRegularExpression(QStringLiteral("\\d+: closeShortcutPanel\n"))), qPrintable(random));
+}
+
+void tst_Validator::theIndexIsAsked()
+{
+    const Run run =
+        validate({binary("libfaulty_plugin.so"), QStringLiteral("--strictness"), QStringLiteral("7"),
+                  QStringLiteral("--events"), QStringLiteral("1"), QStringLiteral("--patience"), QStringLiteral("8")},
+                 "no import");
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.output.contains(QLatin1String("       after event 0 with seed 1: Type 001000.rcvp, new by content and "
+                                               "name, was not imported\n")),
+             qPrintable(run.output));
+    QVERIFY2(run.output.contains(QLatin1String("       Type 001000.rcvp and 24 twins of known types are imported\n")),
+             qPrintable(run.output));
 }
 
 SETTINGAREA_TEST_MAIN(tst_Validator, QCoreApplication)
