@@ -177,6 +177,8 @@ bool Utils::RecursiveCopyDirectory(const QString& source, const QString& target,
     if ((!folderName.isEmpty() && QFileInfo(folder).isSymLink()) || !QDir().mkpath(folder))
         return false;
     const QByteArray canonicalTarget = canonicalPath(QFile::encodeName(folder));
+    if (canonicalTarget.isEmpty()) // It has gone again. What comes below it would go to the root folder.
+        return false;
 
     CDirectoryCopy copy(tree, canonicalTarget);
     const std::size_t count = tree.folders().size();

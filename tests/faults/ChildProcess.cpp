@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -26,6 +27,7 @@ void showFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
 template<typename Function>
 pid_t fork(Function function)
 {
+    std::signal(SIGCHLD, SIG_DFL); // a child whose end is ignored leaves no status
     const pid_t child = ::fork();
     if (child < 0)
         qFatal("No child process");
@@ -38,6 +40,13 @@ pid_t fork(Function function)
         ::_exit(0);
     }
     return child;
+}
+
+// How the child ended; nothing if that cannot be told.
+std::optional<int> statusOf(pid_t child)
+{
+    int status = 0;
+    return ::waitpid(child, &status, 0) == child ? std::optional<int>(status) : std::nullopt;
 }
 
 bool writeText(const char* path, const QByteArray& text)
@@ -80,10 +89,9 @@ QString ChildProcess::run(const std::function<QString()>& function)
     QByteArray result;
     if (in.open(pipe[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         result = in.readAll();
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    if (status != 0)
-        return QStringLiteral("The child ended with status %1").arg(status);
+    const auto status = statusOf(child);
+    if (status != 0) // nor is nothing
+        return QStringLiteral("The child ended with status %1").arg(status.value_or(-1));
     return QString::fromUtf8(result);
 }
 
@@ -92,9 +100,8 @@ bool ChildProcess::runAndKill(const std::function<void()>& function, unsigned mi
     const pid_t child = fork(function);
     ::usleep(microseconds);
     ::kill(child, SIGKILL);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    const auto status = statusOf(child);
+    return status && WIFSIGNALED(*status) && WTERMSIG(*status) == SIGKILL;
 }
 
 bool PrivateDisk::isAvailable()

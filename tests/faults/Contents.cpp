@@ -50,6 +50,14 @@ void takeAway(const WritePlace& place, const QString& path)
     taken.isDir() ? QDir(taken.filePath()).removeRecursively() : QFile::remove(taken.filePath());
 }
 
+std::function<void(const WritePlace&)> takingAway(const QStringList& names)
+{
+    return [names](const WritePlace& place) {
+        for (const QString& name : names)
+            takeAway(place, place.inWork(name));
+    };
+}
+
 bool writeTypeFile(const QString& path, int number)
 {
     QString error;

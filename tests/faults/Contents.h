@@ -14,6 +14,9 @@ void putFile(const WritePlace& place, const QString& path, const QByteArray& byt
 // Removes the file or folder, if it is there.
 void takeAway(const WritePlace& place, const QString& path);
 
+// The same for some entries of the work folder.
+std::function<void(const WritePlace&)> takingAway(const QStringList& names);
+
 // Has the host write that type file.
 bool writeTypeFile(const QString& path, int number);
 

@@ -3,7 +3,6 @@
 #include "host/CHostHandler.h"
 #include "plugin/CSettingArea.h"
 #include "tests/faults/ChildProcess.h"
-#include "tests/faults/FaultRuns.h"
 #include "typelibrary/store/CTypeLibrary.h"
 
 #include <algorithm>
@@ -45,69 +44,25 @@ void FaultTest::init()
         m_folder = std::make_unique<QTemporaryDir>();
 }
 
-void FaultTest::addWrites() const
+void FaultTest::fault_data() const
 {
-    QTest::addColumn<int>("index");
-    for (int i = 0; i < m_writes.size(); ++i)
-        QTest::newRow(m_writes.at(i).name.constData()) << i;
+    QTest::addColumn<int>("faultIndex");
+    QTest::addColumn<int>("writeIndex");
+    for (int i = 0; i < m_faults.size(); ++i) {
+        for (int j = 0; j < m_writes.size(); ++j) {
+            if (m_faults.at(i).concerns(m_writes.at(j)))
+                QTest::addRow("%s: %s", m_faults.at(i).name, m_writes.at(j).name.constData()) << i << j;
+        }
+    }
 }
 
-const Write& FaultTest::write() const
+void FaultTest::fault()
 {
-    return m_writes.at(*static_cast<const int*>(QTest::qData("index", qMetaTypeId<int>())));
-}
-
-void FaultTest::verify(Fault fault) const
-{
-    const QString problem = fault(write(), m_folder->path(), runs());
-    QVERIFY2(problem.isEmpty(), qPrintable(problem));
-}
-
-void FaultTest::fileSizeLimit()
-{
-    verify(&FaultRuns::fileSizeLimit);
-}
-
-void FaultTest::fullDisk()
-{
-    if (!PrivateDisk::isAvailable())
+    QFETCH(int, faultIndex);
+    QFETCH(int, writeIndex);
+    const Fault& fault = m_faults.at(faultIndex);
+    if (fault.needsMounts && !PrivateDisk::isAvailable())
         QSKIP("This system does not let a test mount a disk of its own");
-    verify(&FaultRuns::fullDisk);
-}
-
-void FaultTest::readOnlyDisk()
-{
-    if (!PrivateDisk::isAvailable())
-        QSKIP("This system does not let a test mount a disk of its own");
-    verify(&FaultRuns::readOnlyDisk);
-}
-
-void FaultTest::vanishedFolder()
-{
-    verify(&FaultRuns::vanishedFolder);
-}
-
-void FaultTest::vanishingFolder()
-{
-    if (write().mayAsk)
-        QSKIP("The steps are done by path, and Qt asks with a box of its own when the path changes in between");
-    verify(&FaultRuns::vanishingFolder);
-}
-
-void FaultTest::kill()
-{
-    int torn = 0;
-    const QString problem = FaultRuns::kill(write(), m_folder->path(), runs(), torn);
+    const QString problem = fault.befall(m_writes.at(writeIndex), m_folder->path(), runs());
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
-    qInfo("%d of %d kills left temporary files", torn, runs());
-}
-
-void FaultTest::namedTemporaries()
-{
-    if (!PrivateDisk::isAvailable())
-        QSKIP("This system does not let a test mount a disk of its own");
-    int torn = 0;
-    const QString problem = FaultRuns::namedTemporaries(write(), m_folder->path(), runs(), torn);
-    QVERIFY2(problem.isEmpty(), qPrintable(problem));
-    qInfo("%d of %d kills left temporary files", torn, runs());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/faults/Write.h"
+#include "tests/faults/Fault.h"
 #include "tests/support/TestObject.h"
 
 #include <QTemporaryDir>
@@ -21,28 +21,11 @@ private Q_SLOTS:
     void cleanupTestCase();
     void init();
 
-    void fileSizeLimit_data() { addWrites(); }
-    void fileSizeLimit();
-    void fullDisk_data() { addWrites(); }
-    void fullDisk();
-    void readOnlyDisk_data() { addWrites(); }
-    void readOnlyDisk();
-    void vanishedFolder_data() { addWrites(); }
-    void vanishedFolder();
-    void vanishingFolder_data() { addWrites(); }
-    void vanishingFolder();
-    void kill_data() { addWrites(); }
-    void kill();
-    void namedTemporaries_data() { addWrites(); }
-    void namedTemporaries();
+    void fault_data() const;
+    void fault();
 
 private:
-    using Fault = QString (*)(const Write& write, const QString& folder, int runs);
-
-    void addWrites() const;
-    void verify(Fault fault) const;
-    const Write& write() const;
-
     const QList<Write> m_writes;
+    const QList<Fault> m_faults = allFaults();
     std::unique_ptr<QTemporaryDir> m_folder;
 };

@@ -69,6 +69,7 @@ Write settingsWrite(const char* name, bool passwordMoves = false, int size = con
     };
     write.perform = [=](const WritePlace& place, int turn) { return saveSettings(place, turn, passwordMoves, size); };
     write.inspect = inspectSettings;
+    write.mayLeaveOld = passwordMoves; // the file before it, which holds the password
     return write;
 }
 
@@ -86,11 +87,8 @@ Write damagedSettingsWrite()
         saveSettings(place, 1);
         damage(place);
     };
-    write.perform = [=](const WritePlace& place, int turn) {
-        if (turn % 2 == 1) {
-            damage(place);
-            return true;
-        }
+    write.undo = damage;
+    write.perform = [=](const WritePlace& place, int /*turn*/) {
         QStringList messages;
         SettingsFile(settingsPath(place)).load(messages);
         return QFileInfo::exists(settingsPath(place) + QStringLiteral(".damaged"));
@@ -116,13 +114,8 @@ Write newerSettingsWrite()
     Write write;
     write.name = "settings, of a newer version";
     write.prepare = makeNewer;
-    write.perform = [=](const WritePlace& place, int turn) {
-        if (turn % 2 == 1) {
-            makeNewer(place);
-            return true;
-        }
-        return saveSettings(place, turn);
-    };
+    write.perform = [=](const WritePlace& place, int turn) { return saveSettings(place, turn); };
+    write.undo = makeNewer;
     return write;
 }
 
@@ -194,12 +187,10 @@ Write samplesWrite()
         for (int i = 0; i < 3; ++i)
             writeFile(place.inSource(QStringLiteral("G/%1.rcvp").arg(i)), content(i));
     };
-    write.perform = [=](const WritePlace& place, int turn) {
-        if (turn % 2 == 0)
-            return SampleLibrary::create(library(place), place.source);
-        takeAway(place, library(place));
-        return true;
+    write.perform = [=](const WritePlace& place, int /*turn*/) {
+        return SampleLibrary::create(library(place), place.source);
     };
+    write.undo = takingAway({QStringLiteral("library")});
     // There is the whole library or none.
     write.inspect = [=](const WritePlace& place) {
         const int types = QDir(library(place) + QStringLiteral("/G")).entryList(QDir::Files).size();

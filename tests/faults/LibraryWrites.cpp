@@ -31,27 +31,23 @@ QString inspectLibrary(const WritePlace& place)
 
 Write importFilesWrite()
 {
-    const QList<const char*> names{"A.rcvp", "B.rcvp", "C.rcvbp"};
+    const QStringList names{QStringLiteral("A.rcvp"), QStringLiteral("B.rcvp"), QStringLiteral("C.rcvbp")};
     Write write;
     write.name = "import of files";
     write.isAtomic = false;
     write.prepare = [=](const WritePlace& place) {
         for (int i = 0; i < names.size(); ++i)
-            writeFile(place.inSource(QLatin1String(names.at(i))), content(i));
+            writeFile(place.inSource(names.at(i)), content(i));
         writeFile(place.inWork(QStringLiteral("Old.rcvp")), content(9));
         CTypeLibrary::instance().setRootPath(place.work);
     };
-    write.perform = [=](const WritePlace& place, int turn) {
-        if (turn % 2 == 1) {
-            for (const char* name : names)
-                takeAway(place, place.inWork(QLatin1String(name)));
-            return true;
-        }
+    write.perform = [=](const WritePlace& place, int /*turn*/) {
         QStringList files;
-        for (const char* name : names)
-            files << place.inSource(QLatin1String(name));
+        for (const QString& name : names)
+            files << place.inSource(name);
         return !importFiles(files, place.work).failed;
     };
+    write.undo = takingAway(names);
     write.inspect = inspectLibrary;
     return write;
 }
@@ -67,12 +63,10 @@ Write importFolderWrite()
         writeFile(place.inWork(QStringLiteral("Old.rcvp")), content(9));
         CTypeLibrary::instance().setRootPath(place.work);
     };
-    write.perform = [](const WritePlace& place, int turn) {
-        if (turn % 2 == 0)
-            return importFolder(place.inSource(QStringLiteral("G")), place.inWork(QStringLiteral("G"))).copied;
-        takeAway(place, place.inWork(QStringLiteral("G")));
-        return true;
+    write.perform = [](const WritePlace& place, int /*turn*/) {
+        return importFolder(place.inSource(QStringLiteral("G")), place.inWork(QStringLiteral("G"))).copied;
     };
+    write.undo = takingAway({QStringLiteral("G")});
     write.inspect = inspectLibrary;
     return write;
 }
@@ -92,14 +86,12 @@ Write exportToNewFileWrite()
     Write write;
     write.name = "export to a new file";
     write.prepare = [](const WritePlace& place) { writeFile(place.inSource(QStringLiteral("A.rcvp")), content(0)); };
-    write.perform = [](const WritePlace& place, int turn) {
-        if (turn % 2 == 0)
-            return exportFile(place.inSource(QStringLiteral("A.rcvp")), place.inWork(QStringLiteral("A.rcvp")),
-                              place.source)
-                .done;
-        takeAway(place, place.inWork(QStringLiteral("A.rcvp")));
-        return true;
+    write.perform = [](const WritePlace& place, int /*turn*/) {
+        return exportFile(place.inSource(QStringLiteral("A.rcvp")), place.inWork(QStringLiteral("A.rcvp")),
+                          place.source)
+            .done;
     };
+    write.undo = takingAway({QStringLiteral("A.rcvp")});
     return write;
 }
 
@@ -152,6 +144,7 @@ Write replacementByOtherNameWrite()
 {
     Write write;
     write.name = "replacement of a type under another name";
+    write.mayLeaveOld = true;
     write.prepare = twoContentsFor(QStringLiteral("T1.rcvp"));
     write.perform = [](const WritePlace& place, int turn) {
         return replaceInLibrary(place.inSource(QStringLiteral("%1.rcvp")).arg(turn % 2),

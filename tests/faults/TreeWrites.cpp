@@ -41,32 +41,27 @@ Write newFolderWrite()
     write.name = "new folder";
     write.writesContent = false;
     write.prepare = makeLibrary;
-    write.perform = [=](const WritePlace& place, int turn) {
+    write.perform = [=](const WritePlace& place, int /*turn*/) {
         CProductTreeModel model;
-        if (turn % 2 == 0)
-            return model.mkdir(model.index(place.work), name).isValid();
-        takeAway(place, place.inWork(name));
-        return true;
+        return model.mkdir(model.index(place.work), name).isValid();
     };
+    write.undo = takingAway({name});
     return write;
 }
 
-// In odd turns the library is there again.
 Write removal(const char* title, const std::function<bool(const WritePlace&)>& remove)
 {
     Write write;
     write.name = title;
     write.writesContent = false;
     write.prepare = makeLibrary;
-    write.perform = [=](const WritePlace& place, int turn) {
-        if (turn % 2 == 0)
-            return remove(place);
+    write.perform = [=](const WritePlace& place, int /*turn*/) { return remove(place); };
+    write.undo = [](const WritePlace& place) {
         WritePlace again = place;
         again.work = place.trash + QStringLiteral("/again");
         makeLibrary(again);
         for (const char* name : {"T1.rcvp", "G1"})
             QFile::rename(again.inWork(QLatin1String(name)), place.inWork(QLatin1String(name))); // unless it is there
-        return true;
     };
     return write;
 }
@@ -85,11 +80,12 @@ QList<Write> removals()
     Write group = removal("deletion of a group",
                           [](const WritePlace& place) { return removeInModel(place, QStringLiteral("G1")); });
     group.isAtomic = false;
+    group.mayLeaveOld = true;
     Write all = removal("deletion of all", [](const WritePlace& place) {
         const auto names = [&] { return QDir(place.work).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); };
         const bool wasThere = !names().isEmpty();
         clearLibrary(place.work, [](const SMD5&) { return false; });
-        return wasThere && names().isEmpty();
+        return wasThere && QFileInfo::exists(place.work) && names().isEmpty();
     });
     all.isAtomic = false;
     return {type, group, all};

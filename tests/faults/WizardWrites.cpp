@@ -59,12 +59,8 @@ Write newTypeWrite()
     write.name = "new type";
     write.isAtomic = false;
     write.prepare = [](const WritePlace& place) { writeTypeFile(cardOf(place), 0); };
-    write.perform = [=](const WritePlace& place, int turn) {
-        if (turn % 2 == 0)
-            return save(place, name, {}, 0);
-        takeAway(place, fileOf(place, name));
-        return true;
-    };
+    write.perform = [=](const WritePlace& place, int turn) { return save(place, name, {}, turn); };
+    write.undo = takingAway({name + QStringLiteral(".rcvbp")});
     write.inspect = inspectTypes;
     write.stages = copiesNamed({name});
     return write;
@@ -91,6 +87,7 @@ Write renamedTypeWrite()
     const auto nameOf = [](int turn) { return QStringLiteral("Cab%1").arg(turn % 2); };
     Write write;
     write.name = "edited type under another name";
+    write.mayLeaveOld = true;
     write.isAtomic = false;
     write.perform = [=](const WritePlace& place, int turn) {
         return save(place, nameOf(turn), fileOf(place, nameOf(turn + 1)), turn);

@@ -26,9 +26,20 @@ struct Write
     // Fills the empty folders.
     std::function<void(const WritePlace&)> prepare;
 
-    // The write itself in even turns; in odd ones what makes it possible again, or the write with the other content.
-    // False when it was reported as failed.
+    // The write itself, with another content in odd turns than in even ones. False when it was reported as failed.
     std::function<bool(const WritePlace&, int turn)> perform;
+
+    // Makes the write possible again, if it can be done only once. It has the odd turns then.
+    std::function<void(const WritePlace&)> undo;
+
+    bool isWrite(int turn) const { return turn % 2 == 0 || !undo; }
+    bool take(const WritePlace& place, int turn) const
+    {
+        if (isWrite(turn))
+            return perform(place, turn);
+        undo(place);
+        return true;
+    }
 
     // What a program that starts now finds wrong; empty if nothing.
     std::function<QString(const WritePlace&)> inspect = [](const WritePlace&) { return QString(); };
@@ -41,6 +52,9 @@ struct Write
 
     // Whether its steps are done by path one after the other with a box of Qt's when the path changes in between.
     bool mayAsk = false;
+
+    // Whether it removes what was there by path as the last step, which does nothing to a folder that has gone.
+    bool mayLeaveOld = false;
 
     // Whole contents that are neither the old nor the new one, by path, which a write in two steps may stop at.
     std::function<QMap<QString, QByteArray>(const WritePlace&)> stages = [](const WritePlace&) {
