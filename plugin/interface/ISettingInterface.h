@@ -9,7 +9,8 @@
 
 // The settings area as the host sees it. The order of the virtual operations is binary contract.
 // A host calls, in this order: SettingArea_Init, setHandler, setSettings, setTypeLibraryPath (from a worker thread),
-// and getSettings whenever it wants the values that the pages show.
+// and getSettings whenever it wants the values that the pages show. An operation is called on no other thread than its
+// comment names: nothing checks that, and what happens otherwise is undefined.
 class ISettingInterface : public IAbstractControlInterface
 {
 public:

@@ -1,5 +1,6 @@
 #include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
+#include "utilbase/CFileDescriptor.h"
 
 #include <utilbase/Utils.h>
 
@@ -73,6 +74,7 @@ private Q_SLOTS:
     void unreadableFileAndFolder();
     void readingFails();
     void targetNotWritable();
+    void targetVanishes();
     void folderInTheWay();
     void linkInTheWay();
     void fullDisk();
@@ -388,6 +390,24 @@ void tst_RecursiveCopyDirectory::targetNotWritable()
     const PermissionsApply permissionsApply;
     QVERIFY(!Utils::RecursiveCopyDirectory(source(), target(), typeFiles()));
     QCOMPARE(entriesBelow(target()), QStringList());
+}
+
+// A folder that is open can be reached after it was removed, and has no path any more: as if it had been removed a
+// moment after it was made. The copy must not take the root folder for it.
+void tst_RecursiveCopyDirectory::targetVanishes()
+{
+    const QString inRoot = QStringLiteral("/tst_RecursiveCopyDirectory");
+    QVERIFY(!QFileInfo::exists(inRoot));
+    QVERIFY(writeFile(source("tst_RecursiveCopyDirectory/a.rcvp"), QByteArrayLiteral("a")));
+    QVERIFY(QDir().mkpath(target()));
+    const CFileDescriptor folder(::open(QFile::encodeName(target()).constData(), O_PATH | O_CLOEXEC));
+    QVERIFY(QDir().rmdir(target()));
+    const QString vanished = QStringLiteral("/proc/self/fd/%1").arg(folder.get());
+    QVERIFY(QFileInfo(vanished).isDir());
+    const bool isCopied = Utils::RecursiveCopyDirectory(source(), vanished, typeFiles());
+    const bool isInRoot = QFileInfo::exists(inRoot);
+    QDir(inRoot).removeRecursively();
+    QVERIFY(!isCopied && !isInRoot);
 }
 
 void tst_RecursiveCopyDirectory::folderInTheWay()
