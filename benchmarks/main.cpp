@@ -1,5 +1,6 @@
 #include "benchmarks/CountedWork.h"
 #include "benchmarks/Rows.h"
+#include "typelibrary/store/TypeFileAttributes.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -67,6 +68,7 @@ bool printTable(const QStringList& names, const BenchOptions& options, bool mark
     for (const Row& row : rows) {
         if (!names.contains(QLatin1String(row.name)))
             continue;
+        removeFolderFromCache(QString()); // the libraries of the rows before
         for (const Measurement& line : row.measure(options)) {
             sound &= line.isSound();
             print(tableLine(line, markdown));
