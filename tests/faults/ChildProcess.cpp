@@ -3,7 +3,9 @@
 #include <QByteArray>
 #include <QFile>
 
+#include <grp.h>
 #include <sched.h>
+#include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,6 +14,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <optional>
 
 namespace {
@@ -102,6 +105,28 @@ bool ChildProcess::runAndKill(const std::function<void()>& function, unsigned mi
     ::kill(child, SIGKILL);
     const auto status = statusOf(child);
     return status && WIFSIGNALED(*status) && WTERMSIG(*status) == SIGKILL;
+}
+
+bool ChildProcess::becomeNobody(const QString& folder)
+{
+    constexpr uid_t nobody = 65534;
+    if (::getuid() != 0)
+        return true;
+    return ::chown(QFile::encodeName(folder).constData(), nobody, nobody) == 0 && ::setgroups(0, nullptr) == 0 &&
+           ::setgid(nobody) == 0 && ::setuid(nobody) == 0;
+}
+
+SharedNumber::SharedNumber()
+    : m_memory(::mmap(nullptr, sizeof(Number), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
+{
+    if (m_memory == MAP_FAILED)
+        qFatal("No shared memory");
+    new (m_memory) Number(0);
+}
+
+SharedNumber::~SharedNumber()
+{
+    ::munmap(m_memory, sizeof(Number));
 }
 
 bool PrivateDisk::isAvailable()

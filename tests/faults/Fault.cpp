@@ -4,11 +4,12 @@
 #include "tests/faults/Stage.h"
 #include "tests/support/FileFixture.h"
 
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
 #include <fcntl.h>
-#include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
 
 #include <algorithm>
@@ -80,29 +81,6 @@ QString limited(const Write& write, const QString& folder, int runs)
     const Stage stage(write, folder);
     return repeated(stage, runs, [&](int run) { return std::make_unique<DiskIsFull>(cutOf(stage, run, runs)); });
 }
-
-// A number that a child process changes.
-class SharedNumber
-{
-public:
-    using Number = std::atomic<int>;
-    static_assert(Number::is_always_lock_free);
-
-    SharedNumber()
-        : m_memory(::mmap(nullptr, sizeof(Number), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
-    {
-        if (m_memory == MAP_FAILED)
-            qFatal("No shared memory");
-        new (m_memory) Number(0);
-    }
-    ~SharedNumber() { ::munmap(m_memory, sizeof(Number)); }
-    Q_DISABLE_COPY(SharedNumber)
-
-    Number& operator*() const { return *static_cast<Number*>(m_memory); }
-
-private:
-    void* const m_memory;
-};
 
 // Counts those kills only that hit the write itself: not what makes it possible again, nor the start of the process.
 QString killed(const Write& write, const QString& folder, int runs, SharedNumber::Number& torn)
@@ -214,6 +192,33 @@ QString readOnlyDisk(const Write& write, const QString& folder, int runs)
     });
 }
 
+// The folders may not be written to, by a user who has not made them so, whatever the files in them allow.
+QString readOnlyFolder(const Write& write, const QString& folder, int runs)
+{
+    return ChildProcess::run([&] {
+        if (!ChildProcess::becomeNobody(folder))
+            return QStringLiteral("root's rights cannot be given up");
+        const Stage stage(write, folder);
+        const auto allow = [&](mode_t mode) {
+            QStringList folders{stage.place.work};
+            for (QDirIterator it(stage.place.work, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+                 it.hasNext();)
+                folders.append(it.next());
+            for (const QString& each : folders)
+                ::chmod(QFile::encodeName(each).constData(), mode);
+        };
+        QString problem;
+        for (int run = 0; run < runs && problem.isEmpty(); ++run) {
+            stage.reset();
+            allow(0555);
+            const bool done = write.perform(stage.place, 0);
+            allow(0755);
+            problem = problemOfImpossible(stage, done, run);
+        }
+        return problem;
+    });
+}
+
 // The folder is gone before the write begins.
 QString vanishedFolder(const Write& write, const QString& folder, int runs)
 {
@@ -311,6 +316,7 @@ QList<Fault> allFaults()
     return {{"file size limit", &fileSizeLimit, content, false},
             {"full disk", &fullDisk, content, true},
             {"read-only disk", &readOnlyDisk, all, true},
+            {"read-only folder", &readOnlyFolder, all, false},
             {"vanished folder", &vanishedFolder, all, false},
             {"vanishing folder", &vanishingFolder, silent, false},
             {"kill", &kill, all, false},
