@@ -79,6 +79,7 @@ QList<Write> removals()
                          [](const WritePlace& place) { return removeInModel(place, QStringLiteral("T1.rcvp")); });
     Write group = removal("deletion of a group",
                           [](const WritePlace& place) { return removeInModel(place, QStringLiteral("G1")); });
+    type.mayLeaveOld = true;
     group.isAtomic = false;
     group.mayLeaveOld = true;
     Write all = removal("deletion of all", [](const WritePlace& place) {
