@@ -48,6 +48,15 @@ void CProductTreeView::connectModel()
 {
     connect(m_pModel, &CProductTreeModel::rowsInserted, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::rowsRemoved, this, &CProductTreeView::notifyRowsChanged);
+    // A folder that has gone when the base class is told what it had stands for the top of the disk there, which then
+    // loses all its rows. Later: the base class is still at it.
+    connect(
+        m_pModel, &CProductTreeModel::rowsRemoved, this,
+        [this] {
+            if (model() && !rootIndex().isValid())
+                setRootPath(m_pModel->rootPath());
+        },
+        Qt::QueuedConnection);
     connect(m_pModel, &CProductTreeModel::modelReset, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::directoryLoaded, this, &CProductTreeView::notifyRowsChanged);
     connect(m_pModel, &CProductTreeModel::fileRenamed, this, &rescanRenamed);

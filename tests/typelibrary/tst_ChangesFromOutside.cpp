@@ -14,6 +14,7 @@ private Q_SLOTS:
     void openGroupIsRenamed();
     void libraryWithOpenGroupsIsRenamed();
     void openGroupGetsItsFirstType();
+    void groupVanishesWhileItIsRead();
     void entryVanishesBehindTheMessageOfItsName();
     void viewDestroyedBehindTheMessageOfAName();
 
@@ -103,6 +104,23 @@ void tst_ChangesFromOutside::openGroupGetsItsFirstType()
     QCoreApplication::processEvents();
     write(QStringLiteral("G/a.rcvp"), "a");
     QTRY_COMPARE(rows(), QStringList({QStringLiteral("G"), QStringLiteral(" a.rcvp")}));
+}
+
+// The base class takes the list of a folder that has gone for that of the top of the disk.
+void tst_ChangesFromOutside::groupVanishesWhileItIsRead()
+{
+    write(QStringLiteral("G/a.rcvp"), "a");
+    load();
+    const QString gone = pathOf(QStringLiteral("gone"));
+    QVERIFY(QMetaObject::invokeMethod(view->model(), "_q_directoryChanged", Q_ARG(QString, gone),
+                                      Q_ARG(QStringList, {QStringLiteral("b.rcvp")})));
+    QVERIFY(!view->rootIndex().isValid()); // which is the whole disk
+    QTRY_COMPARE(rows(), QStringList({QStringLiteral("G")}));
+    write(QStringLiteral("c.rcvp"), "c");
+    QTRY_COMPARE(rows(), QStringList({QStringLiteral("G"), QStringLiteral("c.rcvp")}));
+    indexOf(QStringLiteral("G/a.rcvp"));
+    write(QStringLiteral("G/d.rcvp"), "d");
+    QTRY_COMPARE(rows().size(), 4);
 }
 
 void tst_ChangesFromOutside::entryVanishesBehindTheMessageOfItsName()
