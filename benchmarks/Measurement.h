@@ -53,6 +53,13 @@ struct Measurement
     Samples ours;
     Samples peer; // may be empty
 
+    // One measurement of each side.
+    void add(double ofOurs, double ofPeer)
+    {
+        ours.add(ofOurs);
+        peer.add(ofPeer);
+    }
+
     double ratio() const { return ours.median() / peer.median(); }
 
     // Whether there are numbers at all.

@@ -114,17 +114,12 @@ std::vector<Measurement> measureModel(const BenchOptions& options)
     for (int i = 0; i < options.repeat; ++i) {
         const Times ours = timesOfOurs(folder, count);
         const Times stock = timesOfStock(folder, count);
-        total.ours.add(ours.total);
-        total.peer.add(stock.total);
-        stall.ours.add(ours.stall);
-        stall.peer.add(stock.stall);
-        repaint.ours.add(ours.repaint);
-        repaint.peer.add(stock.repaint);
+        total.add(ours.total, stock.total);
+        stall.add(ours.stall, stock.stall);
+        repaint.add(ours.repaint, stock.repaint);
         const Times alike = timesOfStock(folder, count, nameFilters);
-        filtered.ours.add(ours.total);
-        filtered.peer.add(alike.total);
-        filteredStall.ours.add(ours.stall);
-        filteredStall.peer.add(alike.stall);
+        filtered.add(ours.total, alike.total);
+        filteredStall.add(ours.stall, alike.stall);
     }
     return {total, stall, repaint, filtered, filteredStall};
 }

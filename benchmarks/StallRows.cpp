@@ -48,12 +48,9 @@ std::vector<Measurement> measureStall(const BenchOptions& options)
         double duration = 0;
         const Samples busy = gapsDuring([&] { duration = secondsOf([&] { library.updateLibrary(); }); });
         const Samples idle = gapsDuring([&] { std::this_thread::sleep_for(std::chrono::duration<double>(duration)); });
-        usual.ours.add(busy.median());
-        usual.peer.add(idle.median());
-        rare.ours.add(busy.percentile(0.99));
-        rare.peer.add(idle.percentile(0.99));
-        longest.ours.add(busy.percentile(1));
-        longest.peer.add(idle.percentile(1));
+        usual.add(busy.median(), idle.median());
+        rare.add(busy.percentile(0.99), idle.percentile(0.99));
+        longest.add(busy.percentile(1), idle.percentile(1));
     }
     area.widget()->hide();
     return {usual, rare, longest};

@@ -60,14 +60,10 @@ std::vector<Measurement> measureStart(const BenchOptions& options)
     for (int i = 0; i < options.repeat; ++i) {
         const Start our = startOf(ours);
         const Start peer = startOf(plain);
-        first.ours.add(our.firstPaint);
-        first.peer.add(peer.firstPaint);
-        library.ours.add(our.library);
-        library.peer.add(peer.library);
-        health.ours.add(our.health);
-        health.peer.add(peer.health);
-        memory.ours.add(our.memory);
-        memory.peer.add(peer.memory);
+        first.add(our.firstPaint, peer.firstPaint);
+        library.add(our.library, peer.library);
+        health.add(our.health, peer.health);
+        memory.add(our.memory, peer.memory);
     }
     return {first, library, health, memory};
 }

@@ -76,12 +76,9 @@ std::vector<Measurement> measureTree(const BenchOptions& options)
     for (int i = 0; i < options.repeat; ++i) {
         const Times ours = timesOfOurs(folder, files);
         const Times stock = timesOfStock(folder, files);
-        first.ours.add(ours.firstPaint);
-        first.peer.add(stock.firstPaint);
-        usual.ours.add(ours.frames.median());
-        usual.peer.add(stock.frames.median());
-        rare.ours.add(ours.frames.percentile(0.99));
-        rare.peer.add(stock.frames.percentile(0.99));
+        first.add(ours.firstPaint, stock.firstPaint);
+        usual.add(ours.frames.median(), stock.frames.median());
+        rare.add(ours.frames.percentile(0.99), stock.frames.percentile(0.99));
     }
     settingArea().setTypeLibraryPath({});
     return {first, usual, rare};
