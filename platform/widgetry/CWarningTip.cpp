@@ -83,7 +83,9 @@ bool CWarningTip::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::LayoutRequest:
-        place();
+        // An edit that was taken elsewhere has no place here; it attaches the bubble anew when it is shown.
+        if (parentWidget()->isAncestorOf(m_pEdit))
+            place();
         break;
     default:
         break;

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void tipScrollsWithTheEdit();
     void tipHidesWithItsPage();
     void tipMovesToAnotherWindow();
+    void windowThatTheEditHasLeft();
     void disabledEditShowsNoTip();
     void mouseReachesWhatLiesUnderTheTip();
     void typingKeepsTheWarning();
@@ -257,6 +258,25 @@ void tst_CWarningTipLineEdit::tipMovesToAnotherWindow()
     const auto* const tip = other.findChild<QLabel*>(QStringLiteral("WarningTip"));
     QVERIFY(tip && tip->isVisible());
     QCOMPARE(tip->parentWidget(), &other);
+}
+
+// The tip is still a child of the old window then, and knows nothing of the new one.
+void tst_CWarningTipLineEdit::windowThatTheEditHasLeft()
+{
+    Window w;
+    QWidget other;
+    other.resize(300, 200);
+    other.show();
+    w.window.show();
+    w.edit->showWarning();
+    w.container->setParent(&other);
+    w.window.resize(400, 300);
+    QVERIFY(!w.showsTip());
+    w.edit->move(30, 50);
+    w.container->show();
+    const auto* const tip = other.findChild<QLabel*>(QStringLiteral("WarningTip"));
+    QVERIFY(tip && tip->isVisible());
+    QCOMPARE(tip->pos(), w.edit->mapTo(&other, QPoint(0, 24 + 2)));
 }
 
 void tst_CWarningTipLineEdit::disabledEditShowsNoTip()
