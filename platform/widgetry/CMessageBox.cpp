@@ -159,8 +159,9 @@ void CMessageBox::fitText()
     const QSizeF room = QSizeF(screen()->availableSize()) * largestShare;
     const int character = m_pText->fontMetrics().averageCharWidth();
     const int natural = m_pText->fontMetrics().size(Qt::TextExpandTabs, text()).width() + 1;
+    // Not std::clamp(): a small screen may hold less of a large font than the narrowest text.
     const double width =
-        std::clamp<double>(natural, narrowest * character, std::min<double>(widest * character, room.width()));
+        std::min({std::max<double>(natural, narrowest * character), double(widest) * character, room.width()});
     // Not the shown document: that one is laid out anew for every size that the text has on the way.
     const std::unique_ptr<QTextDocument> document(m_pText->document()->clone());
     document->setTextWidth(std::ceil(width));

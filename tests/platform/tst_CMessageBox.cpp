@@ -76,6 +76,7 @@ private Q_SLOTS:
     void parentMayBeHidden();
     void longTextStaysOnScreen_data();
     void longTextStaysOnScreen();
+    void largeFontStaysOnScreen();
     void longWordIsBroken_data();
     void longWordIsBroken();
     void followsLanguage();
@@ -287,6 +288,24 @@ void tst_CMessageBox::longTextStaysOnScreen()
         QTest::keyClick(edit, Qt::Key_Escape);
     });
     CMessageBox::information(nullptr, text, title);
+}
+
+// So large that the screen holds fewer characters than the text of a box is wide at the least.
+void tst_CMessageBox::largeFontStaysOnScreen()
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPixelSize(60);
+    QApplication::setFont(large);
+    whenBox([](CMessageBox& box) {
+        const QRect room = box.screen()->availableGeometry();
+        const auto* const edit = box.findChild<QTextEdit*>(QStringLiteral("MessageText"));
+        QCOMPARE(edit->width(), qCeil(0.6 * room.width()));
+        QVERIFY(room.width() >= box.width());
+        press(CMessageBox::Ok)(box);
+    });
+    CMessageBox::information(nullptr, QStringLiteral("Import failed."), title);
+    QApplication::setFont(usual);
 }
 
 void tst_CMessageBox::longWordIsBroken_data()
