@@ -82,6 +82,9 @@ void CTranslatingAnimation::rest(bool visible)
 
 void CTranslatingAnimation::complete()
 {
+    // An animation that is stopped at the end it is going to, where the slide has turned back, has finished for Qt.
+    if (m_state == State::Resting)
+        return;
     const bool in = m_state == State::MovingIn;
     rest(in);
     const std::function<void()> callback = in ? m_moveInComplete : m_moveOutComplete;

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void turnsBack();
     void stopWhileMovingIn();
     void stopWhileMovingOut();
+    void stopWhereTheSlideTurnedBack();
     void hidingEndsTheSlide();
     void shownAgainAfterHiding();
     void layoutDecidesThePlace();
@@ -204,6 +205,33 @@ void tst_CTranslatingAnimation::stopWhileMovingOut()
     QVERIFY(!o.animation->isMoving());
     QVERIFY(!o.panel->isVisible());
     letSlidesEnd();
+    QCOMPARE(o.out, 0);
+}
+
+// There Qt's animation is at its end already, and says so when it is stopped.
+void tst_CTranslatingAnimation::stopWhereTheSlideTurnedBack()
+{
+    Overlay o;
+    o.animation->moveIn();
+    o.animation->moveOut();
+    o.animation->stop();
+    QVERIFY(!o.panel->isVisible());
+    QCOMPARE(o.out, 0);
+
+    o.animation->moveIn();
+    o.animation->moveOut();
+    o.panel->hide();
+    QCOMPARE(o.out, 0);
+
+    o.animation->moveIn();
+    QTRY_COMPARE(o.in, 1);
+    o.animation->moveOut();
+    o.animation->moveIn();
+    o.animation->stop();
+    QVERIFY(!o.animation->isMoving());
+    QVERIFY(o.panel->isVisible());
+    QCOMPARE(o.panel->pos(), QPoint(30, 20));
+    QCOMPARE(o.in, 1);
     QCOMPARE(o.out, 0);
 }
 
