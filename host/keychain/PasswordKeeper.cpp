@@ -27,10 +27,11 @@ void PasswordKeeper::complete(StoredSettings& settings, QStringList& messages)
 StoredSettings PasswordKeeper::forFile(const StoredSettings& settings)
 {
     const QString& password = settings.record.email.strPassword;
-    // What has failed once is not tried again with every save.
-    if (m_settled != password) {
-        m_bInKeychain = moveToKeychain(password);
-        m_settled = password;
+    // What has failed once is not tried again with every save. While the keychain is asked another password may come.
+    while (m_settled != password) {
+        const QString asked = password;
+        m_bInKeychain = moveToKeychain(asked);
+        m_settled = asked;
     }
     StoredSettings stored = settings;
     stored.host.passwordInKeychain = m_bInKeychain;

@@ -24,7 +24,8 @@ public:
     // know when it is not to be had; it then stays in the keychain until the user enters another one.
     void complete(StoredSettings& settings, QStringList& messages);
 
-    // The settings as the file is to hold them, after the password has been put in its place.
+    // The settings as the file is to hold them, after the password has been put in its place. Events are handled while
+    // the keychain is asked: where they change `settings`, or call this again, the last password counts.
     StoredSettings forFile(const StoredSettings& settings);
 
     // As IKeychain::isBusy().

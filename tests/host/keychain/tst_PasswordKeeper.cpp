@@ -16,6 +16,7 @@ private Q_SLOTS:
     void itComesBackFromTheKeychain();
     void anotherOneReplacesIt();
     void anotherOneThatIsNotTakenStaysInTheFile();
+    void anotherOneThatComesWhileTheKeychainIsAskedIsKept();
     void aDeletedOneLeavesTheKeychain();
     void aDeletedOneThatStaysInTheKeychain();
     void anUnreadableOneStaysInTheKeychain();
@@ -144,6 +145,24 @@ void tst_PasswordKeeper::anotherOneThatIsNotTakenStaysInTheFile()
     const StoredSettings stored = save("another");
     QCOMPARE(passwordOf(stored), QStringLiteral("another"));
     QVERIFY(!stored.host.passwordInKeychain);
+}
+
+// Events are handled while the keychain is asked: the settings may be collected and saved once more.
+void tst_PasswordKeeper::anotherOneThatComesWhileTheKeychainIsAskedIsKept()
+{
+    StoredSettings settings;
+    settings.record.email.strPassword = QStringLiteral("secret");
+    StoredSettings storedMeanwhile;
+    m_desktop.meanwhile = [&] {
+        settings.record.email.strPassword = QStringLiteral("another");
+        storedMeanwhile = m_keeper->forFile(settings);
+    };
+    const StoredSettings stored = m_keeper->forFile(settings);
+    QCOMPARE(passwordOf(storedMeanwhile), QStringLiteral("another"));
+    QVERIFY(!storedMeanwhile.host.passwordInKeychain);
+    QCOMPARE(m_desktop.password, QStringLiteral("another"));
+    QCOMPARE(passwordOf(stored), QString());
+    QVERIFY(stored.host.passwordInKeychain);
 }
 
 void tst_PasswordKeeper::aDeletedOneLeavesTheKeychain()
