@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -74,7 +75,7 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
     QString reason;
     const State state = inspect(m_path, present, reason);
     if (state == State::Sound && present == document)
-        return QFile::setPermissions(m_path, ownerOnly);
+        return closeToOthers(error);
     if (state == State::Sound && SettingsJson::version(present) > SettingsJson::currentVersion && !keepNewer(error))
         return false;
     const bool passwordMoves = settings.host.passwordInKeychain && holdsPassword(present);
@@ -102,6 +103,15 @@ bool SettingsFile::write(const QJsonObject& document, QString& error) const
         return SafeFile::write(device, content, reason);
     };
     return SafeFile::replace(m_path, writeContent, error, ownerOnly);
+}
+
+bool SettingsFile::closeToOthers(QString& error) const
+{
+    QFile file(m_path);
+    const bool closed = file.setPermissions(ownerOnly);
+    if (!closed)
+        error = file.errorString();
+    return closed;
 }
 
 bool SettingsFile::holdsPassword(const QJsonObject& document)
@@ -145,8 +155,9 @@ QString SettingsFile::moveAside(QString& error) const
 QString SettingsFile::replaceDamaged(const QJsonObject& document, QString& error) const
 {
     const auto link = [this](const QString& to) {
-        return QFileInfo(m_path).isFile() &&
-               ::link(QFile::encodeName(m_path).constData(), QFile::encodeName(to).constData()) == 0;
+        // Not of a link itself, which would lead to the new content.
+        return QFileInfo(m_path).isFile() && ::linkat(AT_FDCWD, QFile::encodeName(m_path).constData(), AT_FDCWD,
+                                                      QFile::encodeName(to).constData(), AT_SYMLINK_FOLLOW) == 0;
     };
     QString name = firstFree(m_path, QStringLiteral(".damaged"), link);
     const bool linked = !name.isEmpty();

@@ -41,6 +41,7 @@ private:
 
     static State inspect(const QString& path, QJsonObject& document, QString& error);
     static bool holdsPassword(const QJsonObject& document);
+    bool closeToOthers(QString& error) const;
     bool replace(const QJsonObject& document, bool keepPrevious, QString& error) const;
     bool write(const QJsonObject& document, QString& error) const;
     QString moveAside(QString& error) const;

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void aMissingFileGivesTheDefaults();
     void whatIsSavedIsLoaded();
     void onlyTheOwnerMayRead();
+    void aFileThatCannotBeClosedToOthersIsAFailure();
     void unknownKeysSurviveASave();
     void thePreviousGenerationIsKept();
     void noGenerationKeepsAPasswordThatHasMoved();
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void aDamagedFileIsSetAside_data();
     void aDamagedFileIsSetAside();
     void theGenerationBeforeADamagedFileIsUsed();
+    void aDamagedFileThatALinkLeadsToIsKept_data();
+    void aDamagedFileThatALinkLeadsToIsKept();
     void aDamagedFileStaysOnAFullDisk();
     void severalDamagedFilesAreKept();
     void aFileThatWasDamagedMeanwhileIsSetAside();
@@ -106,6 +109,21 @@ void tst_SettingsFile::onlyTheOwnerMayRead()
     save(settings, 12);
     QCOMPARE(modeOf(file()), 0600U);
     QCOMPARE(modeOf(file(QStringLiteral(".bak"))), 0600U);
+}
+
+void tst_SettingsFile::aFileThatCannotBeClosedToOthersIsAFailure()
+{
+    if (::geteuid() != 0)
+        QSKIP("Needs a file of another user.");
+    SettingsFile settings(file());
+    save(settings, 11);
+    for (const QString& path : {m_folder->path(), file()})
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7555)));
+    StoredSettings same;
+    same.record.monitoring.nRefreshInterval = 11;
+    const PermissionsApply apply;
+    QVERIFY(!settings.save(same, m_error));
+    QCOMPARE(m_error, QStringLiteral("Operation not permitted"));
 }
 
 void tst_SettingsFile::unknownKeysSurviveASave()
@@ -211,6 +229,31 @@ void tst_SettingsFile::theGenerationBeforeADamagedFileIsUsed()
     SettingsFile next(file());
     QCOMPARE(load(next).record.monitoring.nRefreshInterval, 11);
     QCOMPARE(m_messages, QStringList());
+}
+
+void tst_SettingsFile::aDamagedFileThatALinkLeadsToIsKept_data()
+{
+    QTest::addColumn<bool>("meanwhile");
+    QTest::newRow("when it is loaded") << false;
+    QTest::newRow("when it is saved") << true;
+}
+
+void tst_SettingsFile::aDamagedFileThatALinkLeadsToIsKept()
+{
+    QFETCH(bool, meanwhile);
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("elsewhere")));
+    const QString target = m_folder->filePath(QStringLiteral("elsewhere/own.json"));
+    QVERIFY(writeFile(target, "{}"));
+    QVERIFY(QFile::link(target, file()));
+    SettingsFile settings(file());
+    save(settings, 11);
+    save(settings, 12);
+    QVERIFY(writeFile(target, "{ by hand"));
+    SettingsFile other(file());
+    if (meanwhile)
+        save(settings, 13);
+    QCOMPARE(load(other).record.monitoring.nRefreshInterval, meanwhile ? 13 : 11);
+    QCOMPARE(readFile(file(QStringLiteral(".damaged"))), QByteArray("{ by hand"));
 }
 
 void tst_SettingsFile::aDamagedFileStaysOnAFullDisk()
