@@ -41,14 +41,15 @@ bool ProjectCommands::save()
 
 bool ProjectCommands::saveAs()
 {
-    const QString suffix = QStringLiteral(".prj");
-    const QString proposed = m_project.path().isEmpty() ? m_project.name() + suffix : m_project.path();
-    QString path = QFileDialog::getSaveFileName(&m_window, tr("Save project"), proposed, tr("Projects (*.prj)"));
-    if (path.isEmpty())
-        return false;
-    if (QFileInfo(path).suffix().isEmpty())
-        path += suffix;
-    return saveTo(path);
+    const QString suffix = QStringLiteral("prj");
+    const QFileInfo proposed(m_project.path().isEmpty() ? m_project.name() + QLatin1Char('.') + suffix
+                                                        : m_project.path());
+    QFileDialog dialog(&m_window, tr("Save project"), proposed.path(), tr("Projects (*.prj)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(suffix); // so that the dialog asks about the file that will be written
+    dialog.selectFile(proposed.fileName());
+    return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
 }
 
 bool ProjectCommands::saveTo(const QString& path)

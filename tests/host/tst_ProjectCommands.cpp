@@ -5,6 +5,7 @@
 #include "tests/support/FileFixture.h"
 #include "tests/support/TestObject.h"
 
+#include <QMessageBox>
 #include <QTemporaryDir>
 
 class tst_ProjectCommands : public TestObject
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void aProjectIsSavedAndOpened();
     void savingAsksForAFileOnce();
     void aSuffixIsAdded();
+    void theFileThatGetsTheSuffixIsAskedAbout();
     void cancelledDialogsChangeNothing();
     void changesAreAskedAbout_data();
     void changesAreAskedAbout();
@@ -86,6 +88,28 @@ void tst_ProjectCommands::aSuffixIsAdded()
     QVERIFY(m_commands->saveAs());
     QCOMPARE(m_project->path(), file("stage.prj"));
     QVERIFY(QFile::exists(file("stage.prj")));
+}
+
+void tst_ProjectCommands::theFileThatGetsTheSuffixIsAskedAbout()
+{
+    QVERIFY(writeFile(file("stage.prj"), "of another project"));
+    QString question;
+    QTimer refuse; // the question lies over the dialog
+    connect(&refuse, &QTimer::timeout, this, [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        question = box->text();
+        QWidget* const dialog = box->parentWidget();
+        QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
+        QTimer::singleShot(0, dialog, &QWidget::close);
+    });
+    refuse.start(1);
+    const ModalAnswer answer(file("stage"));
+    QVERIFY(!m_commands->saveAs());
+    QVERIFY2(question.contains(QLatin1String("stage.prj")), qPrintable(question));
+    QCOMPARE(readFile(file("stage.prj")), QByteArray("of another project"));
+    QCOMPARE(m_project->path(), QString());
 }
 
 void tst_ProjectCommands::cancelledDialogsChangeNothing()
