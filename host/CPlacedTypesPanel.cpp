@@ -75,7 +75,7 @@ void CPlacedTypesPanel::setTypes(const QVector<Project::PlacedType>& types)
         const QSignalBlocker blocker(m_pList);
         m_pList->clear();
         for (const Project::PlacedType& type : types) {
-            const QString name = type.name.isEmpty() ? type.digest : type.name;
+            const QString name = type.shownName();
             auto* const item = new QListWidgetItem(name, m_pList);
             item->setData(digestRole, type.digest);
             item->setToolTip(CToolTip::fromPlainText(name));

@@ -37,16 +37,17 @@ QVector<Project::PlacedType> placedTypesFrom(const QJsonValue& list, QString& er
         QJsonObject keys = entry.toObject();
         const QString digest = keys.take(digestKey).toString();
         const QString name = keys.take(nameKey).toString();
+        const Project::PlacedType type{digest, name, keys};
         if (!digestPattern.match(digest).hasMatch()) {
             error = Project::tr("Placed type number %1 has no digest.").arg(types.size() + 1);
             break;
         }
         if (digests.contains(digest)) {
-            error = Project::tr("The type %1 is placed twice.").arg(name);
+            error = Project::tr("The type %1 is placed twice.").arg(type.shownName());
             break;
         }
         digests.insert(digest);
-        types.append({digest, name, keys});
+        types.append(type);
     }
     return types;
 }
@@ -70,6 +71,12 @@ QJsonObject documentFrom(const QByteArray& bytes, QString& error)
 }
 
 } // namespace
+
+QString Project::PlacedType::shownName() const
+{
+    constexpr int longest = 1000; // characters; a file may hold millions, which take seconds with every paint
+    return name.isEmpty() ? digest : name.left(longest);
+}
 
 Project::Project(QObject* parent)
     : QObject(parent)

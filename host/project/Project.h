@@ -16,8 +16,11 @@ public:
     struct PlacedType
     {
         QString digest;        // of the type file: 32 lower-case hexadecimal digits
-        QString name;          // shown to the user
+        QString name;          // for the user, of any length; may be empty
         QJsonObject otherKeys; // what the project file says about the type that this program does not know
+
+        // The name as it can be shown: its beginning where it is without end, the digest where it is empty.
+        QString shownName() const;
     };
 
     static constexpr qint64 maxFileSize = 16 * 1024 * 1024; // bytes

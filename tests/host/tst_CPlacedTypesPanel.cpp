@@ -34,6 +34,7 @@ private Q_SLOTS:
     void anEmptyListSaysSo();
     void theTypesAreListedInTheirOrder();
     void namesArePlainText();
+    void ofANameWithoutEndTheBeginningIsShown();
     void aTypeWithoutNameShowsItsDigest();
     void theCurrentTypeStaysCurrent();
     void choosingATypeIsTold();
@@ -100,6 +101,16 @@ void tst_CPlacedTypesPanel::namesArePlainText()
     m_panel->setTypes(placed);
     QCOMPARE(names(), QStringList{QStringLiteral("<b>P4</b> & more")});
     QCOMPARE(list()->item(0)->toolTip(), CToolTip::fromPlainText(QStringLiteral("<b>P4</b> & more")));
+}
+
+// A project file may hold one of millions of characters, which take seconds with every paint.
+void tst_CPlacedTypesPanel::ofANameWithoutEndTheBeginningIsShown()
+{
+    QVector<Project::PlacedType> placed = types("a");
+    placed[0].name = QStringLiteral("P4-") + QString(2'000'000, QLatin1Char('x'));
+    m_panel->setTypes(placed);
+    QCOMPARE(names().first(), placed[0].name.left(1000));
+    QCOMPARE(list()->item(0)->toolTip(), CToolTip::fromPlainText(placed[0].name.left(1000)));
 }
 
 void tst_CPlacedTypesPanel::aTypeWithoutNameShowsItsDigest()
