@@ -9,6 +9,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+namespace {
+
+const QLatin1String suffix(".prj");
+
+} // namespace
+
 ProjectCommands::ProjectCommands(Project& project, CMainWindow& window)
     : m_project(project),
       m_window(window)
@@ -41,15 +47,26 @@ bool ProjectCommands::save()
 
 bool ProjectCommands::saveAs()
 {
-    const QString suffix = QStringLiteral("prj");
-    const QFileInfo proposed(m_project.path().isEmpty() ? m_project.name() + QLatin1Char('.') + suffix
-                                                        : m_project.path());
-    QFileDialog dialog(&m_window, tr("Save project"), proposed.path(), tr("Projects (*.prj)"));
+    const QString path = chooseTarget(m_project.path().isEmpty() ? m_project.name() + suffix : m_project.path());
+    return !path.isEmpty() && saveTo(path);
+}
+
+// The file that the user wants written, with a suffix; empty if none. The dialog itself asks about one that exists.
+QString ProjectCommands::chooseTarget(const QString& proposal)
+{
+    QFileDialog dialog(&m_window, tr("Save project"), QFileInfo(proposal).path(), tr("Projects (*.prj)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(suffix); // so that the dialog asks about the file that will be written
-    dialog.selectFile(proposed.fileName());
-    return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
+    dialog.setDefaultSuffix(suffix); // so that it asks about the file that will be written
+    dialog.selectFile(QFileInfo(proposal).fileName());
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    QString path = dialog.selectedFiles().constFirst();
+    if (!QFileInfo(path).suffix().isEmpty())
+        return path;
+    // Qt adds none where a folder in the path has a dot, and so has not asked about this file.
+    path += suffix;
+    return QFileInfo::exists(path) ? chooseTarget(path) : path;
 }
 
 bool ProjectCommands::saveTo(const QString& path)

@@ -26,6 +26,7 @@ public:
     bool mayClose();
 
 private:
+    QString chooseTarget(const QString& proposal);
     bool saveTo(const QString& path);
 
     Project& m_project;

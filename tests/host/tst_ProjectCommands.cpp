@@ -18,6 +18,7 @@ private Q_SLOTS:
     void aProjectIsSavedAndOpened();
     void savingAsksForAFileOnce();
     void aSuffixIsAdded();
+    void theFileThatGetsTheSuffixIsAskedAbout_data();
     void theFileThatGetsTheSuffixIsAskedAbout();
     void cancelledDialogsChangeNothing();
     void changesAreAskedAbout_data();
@@ -90,25 +91,41 @@ void tst_ProjectCommands::aSuffixIsAdded()
     QVERIFY(QFile::exists(file("stage.prj")));
 }
 
+void tst_ProjectCommands::theFileThatGetsTheSuffixIsAskedAbout_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("in a folder") << QStringLiteral("walls");
+    QTest::newRow("in a folder with a dot") << QStringLiteral("walls.d");
+}
+
 void tst_ProjectCommands::theFileThatGetsTheSuffixIsAskedAbout()
 {
-    QVERIFY(writeFile(file("stage.prj"), "of another project"));
+    QFETCH(QString, folder);
+    QVERIFY(QDir(m_folder->path()).mkdir(folder));
+    const QString name = m_folder->filePath(folder + QStringLiteral("/stage"));
+    const QString existing = name + QStringLiteral(".prj");
+    QVERIFY(writeFile(existing, "of another project"));
     QString question;
-    QTimer refuse; // the question lies over the dialog
+    QTimer refuse; // the question lies over the dialog, which may come once more before it
     connect(&refuse, &QTimer::timeout, this, [&] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QWidget* const modal = QApplication::activeModalWidget();
+        auto* const dialog = qobject_cast<QFileDialog*>(modal);
+        if (dialog && dialog->selectedFiles() == QStringList{existing})
+            QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+        auto* const box = qobject_cast<QMessageBox*>(modal);
         if (!box)
             return;
         question = box->text();
-        QWidget* const dialog = box->parentWidget();
+        refuse.stop();
+        QWidget* const under = box->parentWidget();
         QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
-        QTimer::singleShot(0, dialog, &QWidget::close);
+        QTimer::singleShot(0, under, &QWidget::close);
     });
     refuse.start(1);
-    const ModalAnswer answer(file("stage"));
+    const ModalAnswer answer(name);
     QVERIFY(!m_commands->saveAs());
     QVERIFY2(question.contains(QLatin1String("stage.prj")), qPrintable(question));
-    QCOMPARE(readFile(file("stage.prj")), QByteArray("of another project"));
+    QCOMPARE(readFile(existing), QByteArray("of another project"));
     QCOMPARE(m_project->path(), QString());
 }
 
