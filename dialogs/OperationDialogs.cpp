@@ -64,5 +64,9 @@ QString chooseTarget(QWidget* parent, const QString& title, const QString& propo
     dialog->setDefaultSuffix(suffix); // so that the warning is about the file that will be written
     dialog->selectFile(QFileInfo(proposal).fileName());
     const QString target = chosenIn(dialog).value(0);
-    return target.isEmpty() || !QFileInfo(target).suffix().isEmpty() ? target : target + QLatin1Char('.') + suffix;
+    if (target.isEmpty() || !QFileInfo(target).suffix().isEmpty())
+        return target;
+    // Qt adds none where a folder in the path has a dot, and so has not warned of this file.
+    const QString complete = target + QLatin1Char('.') + suffix;
+    return QFileInfo::exists(complete) ? chooseTarget(parent, title, complete, filter, suffix) : complete;
 }

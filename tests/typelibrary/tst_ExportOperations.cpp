@@ -13,6 +13,7 @@ private Q_SLOTS:
     void type_data();
     void type();
     void typeOverAnExistingFile();
+    void typeOverAnExistingFileBehindADot();
     void typeCancelled();
     void typeOntoItself();
     void typeIntoTheLibrary();
@@ -89,6 +90,26 @@ void tst_ExportOperations::typeOverAnExistingFile()
     view->exportCurrent();
     QCOMPARE(script.seen(), QStringList({QStringLiteral("Export...: File(*.rcvp)"), QStringLiteral("warning")}));
     QCOMPARE(outsideContent(), QStringList({QStringLiteral("x.dat=a")}));
+}
+
+// Qt adds no suffix to a path with a dot anywhere, and so does not look for the file that would be replaced.
+void tst_ExportOperations::typeOverAnExistingFileBehindADot()
+{
+    write(QStringLiteral("a.rcvp"), "a");
+    load();
+    makeCurrent(QStringLiteral("a.rcvp"));
+    QVERIFY(QDir(outside->path()).mkdir(QStringLiteral("b.d")));
+    const QString existing = put(QStringLiteral("b.d/x.rcvp"), "old");
+    QStringList proposed;
+    ModalScript script;
+    script.choose(outside->filePath(QStringLiteral("b.d/x")));
+    script.use([&](QWidget* dialog) {
+        proposed = static_cast<QFileDialog*>(dialog)->selectedFiles();
+        dialog->close();
+    });
+    view->exportCurrent();
+    QCOMPARE(proposed, QStringList{existing});
+    QCOMPARE(readFile(existing), QByteArray("old"));
 }
 
 void tst_ExportOperations::typeCancelled()
