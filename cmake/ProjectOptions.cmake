@@ -19,9 +19,10 @@ endif()
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # The inode cache spares ccache reading the precompiled header, 260 MB, for each file.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-      ${CCACHE_PROGRAM})
+      ${CMAKE_COMMAND} -E env CCACHE_INODECACHE=1
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
 endif()
 
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Svg)
@@ -37,6 +38,8 @@ add_library(settingarea_options INTERFACE)
 target_compile_definitions(
   settingarea_options INTERFACE QT_NO_CAST_FROM_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x050F00 QT_NO_KEYWORDS
 )
+# A debug build ends where the standard library is used against its rules.
+target_compile_definitions(settingarea_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 target_compile_options(
   settingarea_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${SETTINGAREA_WERROR}>:-Werror>
 )
