@@ -109,7 +109,7 @@ void tst_CPlacedTypesPanel::ofANameWithoutEndTheBeginningIsShown()
     QVector<Project::PlacedType> placed = types("a");
     placed[0].name = QStringLiteral("P4-") + QString(2'000'000, QLatin1Char('x'));
     m_panel->setTypes(placed);
-    QCOMPARE(names().first(), placed[0].name.left(1000));
+    QCOMPARE(names().constFirst(), placed[0].name.left(1000));
     QCOMPARE(list()->item(0)->toolTip(), CToolTip::fromPlainText(placed[0].name.left(1000)));
 }
 
