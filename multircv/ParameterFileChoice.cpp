@@ -45,6 +45,7 @@ ParameterFileChoice::ParameterFileChoice(const QString& file, const QString& lib
     // The tree does not know what was put into the folder since the last scan, by this very wizard for instance.
     const QString unscanned = QFileInfo::exists(m_target) ? m_target : QString();
     const CTypeLibrary& library = CTypeLibrary::instance();
+    removeFromCache(file); // nothing tells the cache when a file outside of the library changes
     const SMD5 md5 = md5OfFile(file);
     if (!isEmpty(md5)) { // which would be found in any entry that is no type
         m_libraryFile = library.searchSameType(md5);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void ofTwoSuffixesTheChosenOneMakesRoom();
     void theVeryFileIsKept();
     void theVeryFileBehindALink();
+    void changedSinceTheLastChoice();
     void unscannedFiles();
     void unreadableContentIsNobodysTwin();
     void replacedFileIsForgotten();
@@ -161,6 +162,19 @@ void tst_ParameterFileChoice::theVeryFileBehindALink()
     QCOMPARE(::stat(qPrintable(file), &after), 0);
     QCOMPARE(after.st_ino, before.st_ino); // not a copy of itself
     QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("G/A.rcvp=changed")}));
+}
+
+// Nothing tells the cache when a file outside of the library changes.
+void tst_ParameterFileChoice::changedSinceTheLastChoice()
+{
+    const QString file = m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "first");
+    m_pLibrary->add(QStringLiteral("A.rcvp"), "first");
+    m_pLibrary->rescan();
+    QCOMPARE(choose(file).kind(), Kind::SameContent);
+    m_pLibrary->addOutside(QStringLiteral("A.rcvp"), "second");
+    QCOMPARE(choose(file).kind(), Kind::SameName);
+    choose(file).take();
+    QCOMPARE(m_pLibrary->files(), QStringList({QStringLiteral("A.rcvp=second")}));
 }
 
 // What came into the root folder after the scan counts, so that nothing there is taken for the chosen file.
