@@ -184,7 +184,11 @@ void CTypeLibrarySetting::createMultiRcvCabinet()
 
 void CTypeLibrarySetting::clearAll()
 {
-    if (ask(this, tr("Are you sure you want to delete all types?")))
+    const QPersistentModelIndex library = m_pView->rootIndex();
+    if (!ask(this, tr("Are you sure you want to delete all types?")))
+        return;
+    // The host may have given another library meanwhile, whose types nobody has asked about, or forbidden changes.
+    if (m_pView->rootIndex() == library && !m_bDisabled)
         m_pView->clear();
 }
 

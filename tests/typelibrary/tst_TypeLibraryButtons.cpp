@@ -19,6 +19,8 @@ private Q_SLOTS:
     void importSeesTheLibraryAsItIsNow_data();
     void importSeesTheLibraryAsItIsNow();
     void clearAll();
+    void clearAllOfAnotherLibraryThanAskedAbout();
+    void clearAllForbiddenWhileAsked();
     void buttonsOfTheRows();
     void renameButtonOpensTheEditor();
     void buttonsOfTheRowsAreDisabled();
@@ -115,6 +117,39 @@ void tst_TypeLibraryButtons::clearAll()
     QVERIFY(!exists(shown, "G"));
     QTRY_VERIFY(!shown.button("ClearAll")->isEnabled());
     QCOMPARE(sameName(), card); // the store looks again when the next one asks it to
+}
+
+// The host gives another folder behind the open question: nobody has asked about what is in that one.
+void tst_TypeLibraryButtons::clearAllOfAnotherLibraryThanAskedAbout()
+{
+    const LibraryPage shown;
+    QTRY_VERIFY(shown.button("ClearAll")->isEnabled());
+    const QString other = shown.library.addOutside(QStringLiteral("Kept.rcvp"), "kept");
+    const QStringList before = shown.library.files();
+    ModalScript script;
+    script.use([&](QWidget* box) {
+        shown.page->setData(QFileInfo(other).path());
+        static_cast<CMessageBox*>(box)->button(CDialog::Yes)->click();
+    });
+    QTest::mouseClick(shown.button("ClearAll"), Qt::LeftButton);
+    QVERIFY(script.isDone());
+    QVERIFY(QFileInfo::exists(other));
+    QCOMPARE(shown.library.files(), before);
+}
+
+void tst_TypeLibraryButtons::clearAllForbiddenWhileAsked()
+{
+    const LibraryPage shown;
+    QTRY_VERIFY(shown.button("ClearAll")->isEnabled());
+    const QStringList before = shown.library.files();
+    ModalScript script;
+    script.use([&](QWidget* box) {
+        shown.page->setEditable(false);
+        static_cast<CMessageBox*>(box)->button(CDialog::Yes)->click();
+    });
+    QTest::mouseClick(shown.button("ClearAll"), Qt::LeftButton);
+    QVERIFY(script.isDone());
+    QCOMPARE(shown.library.files(), before);
 }
 
 void tst_TypeLibraryButtons::buttonsOfTheRows()
