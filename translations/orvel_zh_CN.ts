@@ -336,6 +336,13 @@ Configures LED display systems: processors, receiving cards and the layout of ca
     </message>
 </context>
 <context>
+    <name>JsonText</name>
+    <message>
+        <source>The file would be longer than %1 bytes and could not be read again.</source>
+        <translation>文件将超过 %1 字节，无法再次读取。</translation>
+    </message>
+</context>
+<context>
     <name>MailService</name>
     <message>
         <source>Sending the mail...</source>

@@ -1,5 +1,6 @@
 #include "host/project/Project.h"
 
+#include "host/files/JsonText.h"
 #include "host/files/SafeFile.h"
 
 #include <QFileInfo>
@@ -164,7 +165,8 @@ bool Project::save(const QString& path, QString& error)
     keys.insert(versionKey, currentVersion);
     keys.insert(placedTypesKey, entries);
     const QString absolutePath = QFileInfo(path).absoluteFilePath();
-    if (!SafeFile::replaceKeepingPrevious(absolutePath, QJsonDocument(keys).toJson(), error))
+    const auto content = jsonText(keys, maxFileSize, error);
+    if (!content || !SafeFile::replaceKeepingPrevious(absolutePath, *content, error))
         return false;
     m_path = absolutePath;
     m_modified = false;

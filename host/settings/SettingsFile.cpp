@@ -1,5 +1,6 @@
 #include "host/settings/SettingsFile.h"
 
+#include "host/files/JsonText.h"
 #include "host/files/SafeFile.h"
 #include "host/settings/SettingsJson.h"
 
@@ -47,7 +48,8 @@ StoredSettings SettingsFile::load(QStringList& messages)
         QString reason;
         QString ignored;
         const bool restored = inspect(m_path + QLatin1String(".bak"), m_document, ignored) == State::Sound;
-        const QString aside = restored ? replaceDamaged(m_document, reason) : moveAside(reason);
+        const auto content = restored ? jsonText(m_document, maxFileSize, ignored) : std::nullopt;
+        const QString aside = content ? replaceDamaged(*content, reason) : moveAside(reason);
         messages << tr("The settings file %1 cannot be used: %2").arg(QDir::toNativeSeparators(m_path), error);
         messages << (aside.isEmpty() ? tr("It could not be moved aside: %1").arg(reason)
                                      : tr("It was kept as %1.").arg(QDir::toNativeSeparators(aside)));
@@ -69,6 +71,9 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
         return false;
     }
     const QJsonObject document = SettingsJson::write(settings, m_document);
+    const auto content = jsonText(document, maxFileSize, error);
+    if (!content)
+        return false;
 
     // The file may have changed since it was loaded.
     QJsonObject present;
@@ -80,25 +85,24 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
         return false;
     const bool passwordMoves = settings.host.passwordInKeychain && holdsPassword(present);
     const bool saved =
-        state == State::Damaged ? !replaceDamaged(document, error).isEmpty() : replace(document, !passwordMoves, error);
+        state == State::Damaged ? !replaceDamaged(*content, error).isEmpty() : replace(*content, !passwordMoves, error);
     if (saved)
         m_document = document;
     return saved;
 }
 
-bool SettingsFile::replace(const QJsonObject& document, bool keepPrevious, QString& error) const
+bool SettingsFile::replace(const QByteArray& content, bool keepPrevious, QString& error) const
 {
     if (keepPrevious)
-        return SafeFile::replaceKeepingPrevious(m_path, QJsonDocument(document).toJson(), error, ownerOnly);
-    if (!write(document, error))
+        return SafeFile::replaceKeepingPrevious(m_path, content, error, ownerOnly);
+    if (!write(content, error))
         return false;
     QFile::remove(m_path + QLatin1String(".bak"));
     return true;
 }
 
-bool SettingsFile::write(const QJsonObject& document, QString& error) const
+bool SettingsFile::write(const QByteArray& content, QString& error) const
 {
-    const QByteArray content = QJsonDocument(document).toJson();
     const auto writeContent = [&](QIODevice& device, QString& reason) {
         return SafeFile::write(device, content, reason);
     };
@@ -149,10 +153,10 @@ QString SettingsFile::moveAside(QString& error) const
     return name;
 }
 
-// Keeps the file under a name of its own and puts the document in its place. Where the disk can, the file has both
+// Keeps the file under a name of its own and puts the content in its place. Where the disk can, the file has both
 // names for a moment: there is never none, so that a process that ends here is not taken for a first run by the next.
 // The new name, or nothing with the reason in `error`; the file is then where it was.
-QString SettingsFile::replaceDamaged(const QJsonObject& document, QString& error) const
+QString SettingsFile::replaceDamaged(const QByteArray& content, QString& error) const
 {
     const auto link = [this](const QString& to) {
         // Not of a link itself, which would lead to the new content.
@@ -163,7 +167,7 @@ QString SettingsFile::replaceDamaged(const QJsonObject& document, QString& error
     const bool linked = !name.isEmpty();
     if (!linked)
         name = moveAside(error);
-    if (name.isEmpty() || write(document, error))
+    if (name.isEmpty() || write(content, error))
         return name;
     if (linked)
         QFile::remove(name);

@@ -42,10 +42,10 @@ private:
     static State inspect(const QString& path, QJsonObject& document, QString& error);
     static bool holdsPassword(const QJsonObject& document);
     bool closeToOthers(QString& error) const;
-    bool replace(const QJsonObject& document, bool keepPrevious, QString& error) const;
-    bool write(const QJsonObject& document, QString& error) const;
+    bool replace(const QByteArray& content, bool keepPrevious, QString& error) const;
+    bool write(const QByteArray& content, QString& error) const;
     QString moveAside(QString& error) const;
-    QString replaceDamaged(const QJsonObject& document, QString& error) const;
+    QString replaceDamaged(const QByteArray& content, QString& error) const;
     bool keepNewer(QString& error);
 
     QString m_path;

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void hasTheDocumentedContent();
     void namesItselfAfterItsFile();
     void keepsUnknownKeys();
+    void savesNothingThatItCouldNotLoad();
     void keepsTheGenerationBefore();
     void clears();
     void refusesDamagedFiles_data();
@@ -179,6 +180,26 @@ void tst_Project::keepsUnknownKeys()
     QCOMPARE(types.size(), 2);
     QCOMPARE(types.at(0).toObject().value(QLatin1String("position")).toArray(), (QJsonArray{3, 4}));
     QCOMPARE(types.at(1).toObject().keys(), QStringList({QStringLiteral("digest"), QStringLiteral("name")}));
+}
+
+void tst_Project::savesNothingThatItCouldNotLoad()
+{
+    // Indented this would be longer than a project may be.
+    QVERIFY(writeFile(file("a.prj"), R"({"format":"orvel-project","version":1,"placedTypes":[],"marks":[0)" +
+                                         QByteArray(",{}").repeated(1'000'000) + "]}"));
+    Project project;
+    QVERIFY2(project.load(file("a.prj"), m_error), qPrintable(m_error));
+    QVERIFY(project.place(digestOf('a'), QStringLiteral("A")));
+    QVERIFY2(project.save(file("a.prj"), m_error), qPrintable(m_error));
+    QVERIFY2(project.load(file("a.prj"), m_error), qPrintable(m_error));
+    QCOMPARE(namesOf(project), QStringList(QStringLiteral("A")));
+
+    const QByteArray before = readFile(file("a.prj"));
+    QVERIFY(project.place(digestOf('b'), QString(Project::maxFileSize, QLatin1Char('B'))));
+    QVERIFY(!project.save(file("a.prj"), m_error));
+    QCOMPARE(m_error, QStringLiteral("The file would be longer than 16777216 bytes and could not be read again."));
+    QVERIFY(readFile(file("a.prj")) == before);
+    QVERIFY(project.isModified());
 }
 
 void tst_Project::keepsTheGenerationBefore()

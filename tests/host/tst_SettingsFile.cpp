@@ -30,6 +30,7 @@ private Q_SLOTS:
     void aFileThatWasDamagedMeanwhileIsSetAside();
     void whatIsNoFileIsSetAside();
     void aFileOfANewerVersionIsKept();
+    void whatCouldNotBeLoadedIsNotSaved();
     void aFullDiskLeavesTheFile();
     void aFolderThatCannotBeMade();
 
@@ -329,6 +330,24 @@ void tst_SettingsFile::aFileOfANewerVersionIsKept()
     QCOMPARE(written.value(QLatin1String("version")), QJsonValue(1));
     QCOMPARE(written.value(QLatin1String("invention")), QJsonValue(true));
     load(settings);
+    QCOMPARE(m_messages, QStringList());
+}
+
+void tst_SettingsFile::whatCouldNotBeLoadedIsNotSaved()
+{
+    // Indented this would be longer than settings may be.
+    QVERIFY(writeFile(file(), R"({"later":[0)" + QByteArray(",{}").repeated(300'000) + "]}"));
+    SettingsFile settings(file());
+    load(settings);
+    QCOMPARE(m_messages, QStringList());
+    save(settings, 11);
+    const QByteArray before = readFile(file());
+    StoredSettings large;
+    large.record.email.strPassword = QString(4 << 20, QLatin1Char('p'));
+    QVERIFY(!settings.save(large, m_error));
+    QCOMPARE(m_error, QStringLiteral("The file would be longer than 4194304 bytes and could not be read again."));
+    QVERIFY(readFile(file()) == before);
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 11);
     QCOMPARE(m_messages, QStringList());
 }
 
