@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -79,7 +80,7 @@ void CMultiRcvCabinetSetThirdPage::createWidgets(const QString& typeName)
 {
     m_pTypeName = new QLineEdit(this);
     m_pTypeName->setObjectName(QStringLiteral("MultiRcvCabinet"));
-    m_pTypeName->setMaxLength(longestName);
+    m_pTypeName->setMaxLength(std::max(longestName, typeName.size())); // a name that was cut would be a new one
     m_pTypeName->setValidator(new QRegularExpressionValidator(QRegularExpression(namePattern(typeName)), m_pTypeName));
     m_pTypeName->setText(typeName);
     for (int row = 0; row < RowCount; ++row)

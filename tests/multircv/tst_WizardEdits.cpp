@@ -29,6 +29,7 @@ private Q_SLOTS:
     void editingConfirmed();
     void editingRefused();
     void editingUnderAnotherName();
+    void editingKeepsALongName();
     void editingWithoutTheParameterFile();
     void editedFileDeletedOutside();
     void editingWhatHasNoRecord();
@@ -148,6 +149,24 @@ void tst_WizardEdits::editingUnderAnotherName()
              QStringList({QStringLiteral("Cabinet.rcvbp=multi card"), QStringLiteral("Card.rcvp=card")}));
     QTRY_VERIFY(libraryHas(QStringLiteral("Cabinet")));
     QVERIFY(!libraryHas(QStringLiteral("Cab")));
+}
+
+// A type from elsewhere may have a longer name than can be typed.
+void tst_WizardEdits::editingKeepsALongName()
+{
+    const QString name(200, QLatin1Char('n'));
+    const QString type = addType(name + QStringLiteral(".rcvbp"), m_card, label());
+    Wizard wizard(m_pLibrary->root(), type);
+    ModalScript script;
+    script.press(CDialog::Yes);
+    wizard.next(2);
+    QCOMPARE(wizard.nameEdit()->text(), name);
+    wizard.box(1)->setValue(260);
+    wizard.next();
+    QVERIFY(wizard.isAccepted());
+    QCOMPARE(m_pLibrary->files(),
+             QStringList({QStringLiteral("Card.rcvp=card"), name + QStringLiteral(".rcvbp=multi card")}));
+    QCOMPARE(m_pLibrary->records.value(type).power, 260.0F);
 }
 
 void tst_WizardEdits::editingWithoutTheParameterFile()
