@@ -52,6 +52,7 @@ void CabinetTypeDraft::save(const QString& parameterFile, const CabinetEdit& edi
     const QString file = fileOf(edit.typeName);
     const bool replaces = replacesOldFile(edit.typeName);
     const bool inPlace = replaces && isSameFile(file, m_editedFile);
+    removeFromCache(parameterFile); // another program may have changed it, and the record is for good
     fillRecord(m_record, parameterFile, md5OfFile(parameterFile), edit);
     if (!(inPlace ? replaceInLibrary(parameterFile, m_editedFile, file) : copyIntoLibrary(parameterFile, file)))
         return;

@@ -2,6 +2,8 @@
 #include "tests/multircv/WizardLibrary.h"
 #include "tests/support/TestObject.h"
 
+#include <utilbase/Utils.h>
+
 #include <QApplication>
 
 #include <memory>
@@ -22,6 +24,7 @@ private Q_SLOTS:
     void replacesOldFile();
     void canBeSaved();
     void savesNewType();
+    void parameterFileChangedSinceTheScan();
     void savesEditedTypeUnderItsName();
     void savesEditedTypeUnderAnotherName();
     void editedFileIsGone();
@@ -166,6 +169,18 @@ void tst_CabinetTypeDraft::savesNewType()
     QCOMPARE(written.rows, std::uint8_t{1});
     QCOMPARE(written.wiringOrder, (std::array<std::uint8_t, 10>{1, 0}));
     QCOMPARE(written.weight, 12.5F);
+}
+
+// The record tells of the content that was copied.
+void tst_CabinetTypeDraft::parameterFileChangedSinceTheScan()
+{
+    m_pLibrary->add(QStringLiteral("G/Card.rcvp"), "card, calibrated");
+    CabinetTypeDraft draft(m_pLibrary->root(), {});
+    draft.save(m_parameterFile, named(QStringLiteral("Cab")));
+    QCOMPARE(m_pLibrary->contentOf(m_pLibrary->path(QStringLiteral("Cab.rcvbp"))),
+             QByteArray("multi card, calibrated"));
+    const SMD5 written = m_pLibrary->records.value(m_pLibrary->path(QStringLiteral("Cab.rcvbp"))).md5;
+    QVERIFY(written == Utils::getFileMD5(m_parameterFile));
 }
 
 void tst_CabinetTypeDraft::savesEditedTypeUnderItsName()
