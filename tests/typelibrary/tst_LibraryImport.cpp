@@ -32,6 +32,7 @@ private Q_SLOTS:
     void filesOfOneName();
     void filesOfTheNameOfOneLeftOut();
     void filesChangedSinceTheLastImport();
+    void filesThatAreHidden();
     void filesThatAreNoTypes();
     void filesThatDifferInCaseOnly();
     void filesIntoNothing();
@@ -337,6 +338,14 @@ void tst_LibraryImport::filesChangedSinceTheLastImport()
     put(QStringLiteral("b.rcvp"), "now new");
     QCOMPARE(importFiles({file}, library->path()).sameContent, QStringList());
     QCOMPARE(onDisk(), QStringList({QStringLiteral("a.rcvp=a"), QStringLiteral("b.rcvp=now new")}));
+}
+
+// The library would not show them: the user would look for them in vain.
+void tst_LibraryImport::filesThatAreHidden()
+{
+    scan();
+    QVERIFY(importFiles({put(QStringLiteral(".a.rcvp"), "a")}, library->path()).failed);
+    QCOMPARE(onDisk(), QStringList());
 }
 
 void tst_LibraryImport::filesThatAreNoTypes()

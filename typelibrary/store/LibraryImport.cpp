@@ -96,7 +96,7 @@ FilesImport importFiles(const QStringList& files, const QString& folder)
     Newcomers newcomers;
     for (const QString& path : files) {
         const QFileInfo file(path);
-        if (!isTypeFile(file)) {
+        if (!isTypeFile(file) || file.isHidden()) { // which the library would not show
             import.failed = true;
             continue;
         }

@@ -22,7 +22,7 @@ struct FilesImport
 {
     QStringList sameContent; // names of the files whose content the library has
     QStringList sameName;    // and of those whose name it has
-    bool failed = false;     // another file could not be copied, or is no type file
+    bool failed = false;     // another file could not be copied, is hidden, or is no type file
 };
 
 // Copies the files into the group `folder`.
