@@ -22,8 +22,9 @@ public:
     // Shows the library folder `path`; nothing when there is no such folder.
     void setRootPath(const QString& path);
 
-    // Allows or forbids changes of the library.
+    // Allows or forbids changes of the library; what was begun before is not finished.
     void setEditable(bool editable);
+    bool isEditable() const { return m_bEditable; }
 
     // Whether anything stands in the library folder.
     bool hasRows() const;

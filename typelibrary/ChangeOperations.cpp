@@ -57,7 +57,7 @@ void rescanRenamed(const QString& folder, const QString& oldName, const QString&
     CTypeLibrary::instance().startUpdate();
 }
 
-void deleteEntry(QWidget* view, CProductTreeModel& model, const QModelIndex& index)
+void deleteEntry(CProductTreeView* view, CProductTreeModel& model, const QModelIndex& index)
 {
     const QPersistentModelIndex entry = index;
     const bool isGroup = model.isDir(entry);
@@ -69,7 +69,8 @@ void deleteEntry(QWidget* view, CProductTreeModel& model, const QModelIndex& ind
     }
     if (!ask(view, (isGroup ? CProductTreeView::tr("Are you sure want to delete type group(%1)?")
                             : CProductTreeView::tr("Are you sure want to delete type(%1)?"))
-                       .arg(name)))
+                       .arg(name)) ||
+        !view->isEditable())
         return;
     if (entry.isValid()) // it may have vanished meanwhile, and another one have taken its name
         model.remove(entry);

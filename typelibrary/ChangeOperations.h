@@ -5,6 +5,7 @@
 class QModelIndex;
 class QWidget;
 class CProductTreeModel;
+class CProductTreeView;
 struct SMD5;
 
 // Changes of what is in the library as the user meets them: the questions, the work, the rescan and the messages. Boxes
@@ -20,7 +21,7 @@ bool mayChangeType(QWidget* view, const SMD5& md5);
 void rescanRenamed(const QString& folder, const QString& oldName, const QString& newName);
 
 // Deletes a type that the layout does not use, or a group whatever is in it, after the user has agreed.
-void deleteEntry(QWidget* view, CProductTreeModel& model, const QModelIndex& index);
+void deleteEntry(CProductTreeView* view, CProductTreeModel& model, const QModelIndex& index);
 
 // Deletes everything below the library folder but types that the layout uses. Neither the attribute cache nor the
 // library's tree is told.

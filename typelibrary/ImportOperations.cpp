@@ -36,11 +36,11 @@ void showImportProgress(int files)
 
 } // namespace
 
-void importAsFolder(QWidget* view, const QString& root, const QString& target, QString& lastFolder,
+void importAsFolder(CProductTreeView* view, const QString& root, const QString& target, QString& lastFolder,
                     const std::function<void(const QStringList&)>& imported)
 {
     const QString source = chooseFolder(view, CProductTreeView::tr("Import..."), lastFolder);
-    if (source.isEmpty())
+    if (source.isEmpty() || !view->isEditable())
         return;
     lastFolder = source;
 
@@ -75,11 +75,11 @@ void importAsFolder(QWidget* view, const QString& root, const QString& target, Q
         inform(view, CProductTreeView::tr("There is already a same type file: %1").arg(joinedNames(import.known)));
 }
 
-void importCabinetFiles(QWidget* view, const QString& target, QString& lastFolder)
+void importCabinetFiles(CProductTreeView* view, const QString& target, QString& lastFolder)
 {
     const QStringList files = chooseFiles(view, CProductTreeView::tr("Import..."), lastFolder,
                                           CProductTreeView::tr("Parameter(*.rcvp *.rcvbp)"));
-    if (files.isEmpty())
+    if (files.isEmpty() || !view->isEditable())
         return;
     lastFolder = QFileInfo(files.first()).path();
 

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-class QWidget;
+class CProductTreeView;
 
 // Imports as the user meets them: the dialog, the copies, the rescan and the messages. The dialog begins in
 // `lastFolder`, which becomes the folder chosen. Boxes and dialogs belong to `view`; once that is destroyed, nothing of
@@ -13,8 +13,8 @@ class QWidget;
 
 // Imports a folder into the group `target` of the library folder `root`. `imported` gets the new folders' paths, each
 // before those in it, before the user is told what was left out.
-void importAsFolder(QWidget* view, const QString& root, const QString& target, QString& lastFolder,
+void importAsFolder(CProductTreeView* view, const QString& root, const QString& target, QString& lastFolder,
                     const std::function<void(const QStringList&)>& imported);
 
 // Imports type files into the group `target`.
-void importCabinetFiles(QWidget* view, const QString& target, QString& lastFolder);
+void importCabinetFiles(CProductTreeView* view, const QString& target, QString& lastFolder);

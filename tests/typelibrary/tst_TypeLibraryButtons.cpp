@@ -24,6 +24,8 @@ private Q_SLOTS:
     void buttonsOfTheRows();
     void renameButtonOpensTheEditor();
     void buttonsOfTheRowsAreDisabled();
+    void changesForbiddenMeanwhile_data();
+    void changesForbiddenMeanwhile();
     void pageDestroyedByTheQuestionOfARow();
 
 private:
@@ -197,6 +199,41 @@ void tst_TypeLibraryButtons::buttonsOfTheRowsAreDisabled()
     shown.page->setEditable(true);
     clickInRow(shown, QStringLiteral("Card"), renameButton);
     QVERIFY(shown.view()->viewport()->findChild<QLineEdit*>());
+}
+
+void tst_TypeLibraryButtons::changesForbiddenMeanwhile_data()
+{
+    QTest::addColumn<QString>("chosen"); // in the folder outside of the library
+    QTest::newRow("delete") << QString();
+    QTest::newRow("ImportCabinet") << QStringLiteral("/New.rcvp");
+    QTest::newRow("ImportFolder") << QStringLiteral("/");
+}
+
+// What was begun when it was allowed is not finished.
+void tst_TypeLibraryButtons::changesForbiddenMeanwhile()
+{
+    QFETCH(QString, chosen);
+    const LibraryPage shown;
+    QTRY_VERIFY(shown.find(QStringLiteral("Card")).isValid());
+    const QString folder = QFileInfo(shown.library.addOutside(QStringLiteral("New.rcvp"), "new")).path();
+    const QStringList before = shown.library.files();
+    ModalScript script;
+    script.use([&](QWidget* dialog) {
+        shown.page->setEditable(false);
+        if (auto* const box = qobject_cast<CMessageBox*>(dialog)) {
+            box->button(CDialog::Yes)->click();
+            return;
+        }
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(folder + chosen);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    if (chosen.isEmpty())
+        clickInRow(shown, QStringLiteral("Card"), deleteButton);
+    else
+        QTest::mouseClick(shown.button(QTest::currentDataTag()), Qt::LeftButton);
+    QVERIFY(script.isDone());
+    QCOMPARE(script.seen(), QStringList());
+    QCOMPARE(shown.library.files(), before);
 }
 
 void tst_TypeLibraryButtons::pageDestroyedByTheQuestionOfARow()
