@@ -19,6 +19,12 @@ constexpr qint64 maxFileSize = 4 << 20;
 
 constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
+// A folder or a device was never settings: somebody has named it by mistake, and it stays where it is.
+bool isFile(const QString& path)
+{
+    return QFileInfo(path).isFile();
+}
+
 // Calls `take(name)` with the first name made of `path` and `suffix` that no file has; empty when that fails.
 template<typename Function>
 QString firstFree(const QString& path, const QString& suffix, Function take)
@@ -45,14 +51,16 @@ StoredSettings SettingsFile::load(QStringList& messages)
     case State::Sound:
         break;
     case State::Damaged: {
+        messages << tr("The settings file %1 cannot be used: %2").arg(QDir::toNativeSeparators(m_path), error);
         QString reason;
         QString ignored;
         const bool restored = inspect(m_path + QLatin1String(".bak"), m_document, ignored) == State::Sound;
-        const auto content = restored ? jsonText(m_document, maxFileSize, ignored) : std::nullopt;
-        const QString aside = content ? replaceDamaged(*content, reason) : moveAside(reason);
-        messages << tr("The settings file %1 cannot be used: %2").arg(QDir::toNativeSeparators(m_path), error);
-        messages << (aside.isEmpty() ? tr("It could not be moved aside: %1").arg(reason)
-                                     : tr("It was kept as %1.").arg(QDir::toNativeSeparators(aside)));
+        if (isFile(m_path)) {
+            const auto content = restored ? jsonText(m_document, maxFileSize, ignored) : std::nullopt;
+            const QString aside = content ? replaceDamaged(*content, reason) : moveAside(reason);
+            messages << (aside.isEmpty() ? tr("It could not be moved aside: %1").arg(reason)
+                                         : tr("It was kept as %1.").arg(QDir::toNativeSeparators(aside)));
+        }
         messages << (restored ? tr("The settings saved before it are used instead.")
                               : tr("All settings start from their defaults."));
         break;
@@ -79,6 +87,10 @@ bool SettingsFile::save(const StoredSettings& settings, QString& error)
     QJsonObject present;
     QString reason;
     const State state = inspect(m_path, present, reason);
+    if (state == State::Damaged && !isFile(m_path)) {
+        error = reason;
+        return false;
+    }
     if (state == State::Sound && present == document)
         return closeToOthers(error);
     if (state == State::Sound && SettingsJson::version(present) > SettingsJson::currentVersion && !keepNewer(error))
@@ -160,8 +172,8 @@ QString SettingsFile::replaceDamaged(const QByteArray& content, QString& error) 
 {
     const auto link = [this](const QString& to) {
         // Not of a link itself, which would lead to the new content.
-        return QFileInfo(m_path).isFile() && ::linkat(AT_FDCWD, QFile::encodeName(m_path).constData(), AT_FDCWD,
-                                                      QFile::encodeName(to).constData(), AT_SYMLINK_FOLLOW) == 0;
+        return ::linkat(AT_FDCWD, QFile::encodeName(m_path).constData(), AT_FDCWD, QFile::encodeName(to).constData(),
+                        AT_SYMLINK_FOLLOW) == 0;
     };
     QString name = firstFree(m_path, QStringLiteral(".damaged"), link);
     const bool linked = !name.isEmpty();

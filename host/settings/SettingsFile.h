@@ -10,7 +10,8 @@
 // The settings in a JSON file that only its owner may read, since it holds the password of the mail account.
 // Beside the file, with a suffix appended: the generation before the last save (".bak"), a file that could not be
 // understood, which is moved there and never overwritten (".damaged"), and a file of a newer version, which is copied
-// there before it is replaced (".newer"). Two programs that use one file at a time: the last save wins. [GUI thread]
+// there before it is replaced (".newer"). What is no file, a folder for instance, is left alone, and nothing is saved.
+// Two programs that use one file at a time: the last save wins. [GUI thread]
 class SettingsFile
 {
     Q_DECLARE_TR_FUNCTIONS(SettingsFile)

@@ -28,7 +28,8 @@ private Q_SLOTS:
     void aDamagedFileStaysOnAFullDisk();
     void severalDamagedFilesAreKept();
     void aFileThatWasDamagedMeanwhileIsSetAside();
-    void whatIsNoFileIsSetAside();
+    void whatIsNoFileIsLeftAlone_data();
+    void whatIsNoFileIsLeftAlone();
     void aFileOfANewerVersionIsKept();
     void whatCouldNotBeLoadedIsNotSaved();
     void aFullDiskLeavesTheFile();
@@ -298,18 +299,34 @@ void tst_SettingsFile::aFileThatWasDamagedMeanwhileIsSetAside()
     QCOMPARE(load(other).record.monitoring.nRefreshInterval, 12);
 }
 
-void tst_SettingsFile::whatIsNoFileIsSetAside()
+void tst_SettingsFile::whatIsNoFileIsLeftAlone_data()
 {
-    QVERIFY(makeFifo(file())); // nothing may wait on it
+    QTest::addColumn<bool>("folder");
+    QTest::newRow("folder") << true;
+    QTest::newRow("FIFO") << false; // nothing may wait on it
+}
+
+// It may be anything that somebody has named by mistake.
+void tst_SettingsFile::whatIsNoFileIsLeftAlone()
+{
+    QFETCH(bool, folder);
+    QVERIFY(folder ? QDir().mkpath(file(QStringLiteral("/inside"))) : makeFifo(file()));
     SettingsFile settings(file());
-    load(settings);
-    QCOMPARE(m_messages.size(), 3);
-    QVERIFY(QDir().mkpath(file(QStringLiteral("/inside"))));
-    load(settings);
-    QCOMPARE(m_messages.size(), 3);
-    QVERIFY(QFileInfo(file(QStringLiteral(".damaged-2/inside"))).isDir());
-    save(settings, 11);
+    QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 10);
+    QCOMPARE(
+        m_messages,
+        (QStringList{QStringLiteral("The settings file %1 cannot be used: This is not a regular file.").arg(file()),
+                     QStringLiteral("All settings start from their defaults.")}));
+    QVERIFY(!settings.save({}, m_error));
+    QCOMPARE(m_error, QStringLiteral("This is not a regular file."));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+             QStringList{QStringLiteral("settings.json")});
+    QCOMPARE(QFileInfo(file(QStringLiteral("/inside"))).isDir(), folder);
+    // Settings that were saved before are used, and do not take its place.
+    QVERIFY(writeFile(file(QStringLiteral(".bak")), R"({"monitoring": {"refreshInterval": 11}})"));
     QCOMPARE(load(settings).record.monitoring.nRefreshInterval, 11);
+    QCOMPARE(m_messages.size(), 2);
+    QCOMPARE(QFileInfo(file(QStringLiteral("/inside"))).isDir(), folder);
 }
 
 void tst_SettingsFile::aFileOfANewerVersionIsKept()
