@@ -53,6 +53,7 @@ private Q_SLOTS:
     void checksFiles();
     void refusesWrongArguments_data();
     void refusesWrongArguments();
+    void refusesEmptyPaths();
     void printsHelpAndVersion();
     void makesTheCommittedSamples();
     void makesSamplesOfEveryKind();
@@ -238,6 +239,16 @@ void tst_TypeFileTool::makesSamplesOfEveryKind()
     // As the settings area demands it of a library: no name and no content twice.
     QCOMPARE(names.size(), 21);
     QCOMPARE(contents.size(), 21);
+}
+
+// What a script passes whose variable is not set; the samples would go to the root of the disk.
+void tst_TypeFileTool::refusesEmptyPaths()
+{
+    for (const char* command : {"create", "show", "check", "samples"}) {
+        const Run run = runTool({QLatin1String(command), QString()});
+        QCOMPARE(run.errors, QStringLiteral("orvel-typefile: \"%1\" needs a path.\n").arg(QLatin1String(command)));
+        QCOMPARE(run.exitCode, 2);
+    }
 }
 
 void tst_TypeFileTool::saysWhereSamplesCannotGo()

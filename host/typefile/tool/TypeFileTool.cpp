@@ -141,7 +141,8 @@ int TypeFileTool::run(const QStringList& arguments)
     const auto command = std::find_if(std::begin(commands), std::end(commands), hasName);
     if (command == std::end(commands))
         return fail(WrongArguments, tr("There is no command \"%1\"; --help lists them.").arg(name));
-    if (paths.isEmpty())
+    // An empty one would be the root folder to "samples".
+    if (paths.isEmpty() || paths.contains(QString()))
         return fail(WrongArguments, tr("\"%1\" needs a path.").arg(name));
     if (paths.size() > 1 && !command->takesManyPaths)
         return fail(WrongArguments, tr("\"%1\" takes one path.").arg(name));
