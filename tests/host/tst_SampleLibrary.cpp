@@ -6,6 +6,9 @@
 #include <QDirIterator>
 #include <QTemporaryDir>
 
+#include <array>
+#include <future>
+
 class tst_SampleLibrary : public TestObject
 {
     Q_OBJECT
@@ -19,6 +22,7 @@ private Q_SLOTS:
     void withoutSamplesTheLibraryIsEmpty();
     void aCopyThatIsCutOffLeavesNothing();
     void whatAKilledRunHasLeftIsRemoved();
+    void severalHostsMayStartAtOnce();
     void aFolderThatCannotBeMade();
 
 private:
@@ -104,6 +108,26 @@ void tst_SampleLibrary::whatAKilledRunHasLeftIsRemoved()
     QVERIFY(SampleLibrary::create(path("library"), path("samples")));
     QVERIFY(!QFileInfo::exists(path("library.new-AbCdEf")));
     QVERIFY(QFileInfo::exists(path("library.new-AbCdEg/a.rcvp")));
+}
+
+// As when the user is impatient with the first one.
+void tst_SampleLibrary::severalHostsMayStartAtOnce()
+{
+    const QString samples = HostPaths::samplesFolder();
+    constexpr int rounds = 50;
+    for (int round = 0; round < rounds; ++round) {
+        const QString home = m_folder->filePath(QString::number(round));
+        const QString library = home + QStringLiteral("/library");
+        const auto create = [&] { return SampleLibrary::create(library, samples); };
+        std::array<std::future<bool>, 3> hosts;
+        for (auto& host : hosts)
+            host = std::async(std::launch::async, create);
+        for (auto& host : hosts)
+            QVERIFY2(host.get(), qPrintable(QStringLiteral("in round %1").arg(round)));
+        QCOMPARE(filesBelow(library), filesBelow(samples));
+        QCOMPARE(QDir(home).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList{QStringLiteral("library")});
+    }
 }
 
 void tst_SampleLibrary::aFolderThatCannotBeMade()
