@@ -260,42 +260,39 @@ void CHost::remember()
 
 bool CHost::queryClose()
 {
-    if (m_bClosing) {
-        finish(); // asked again while waiting: now
-        return true;
+    if (!m_bClosing) {
+        if (!m_pProjectCommands->mayClose())
+            return false;
+        if (m_pLoader->isLoading()) {
+            // The worker needs this thread's event loop to come to its end, so the program goes on without a window.
+            m_bClosing = true;
+            m_pWindow->hide();
+            connect(m_pLoader, &CLibraryLoader::notifyLoaded, this, &CHost::finish);
+            m_closeTimer.start();
+            return false;
+        }
     }
-    if (!m_pProjectCommands->mayClose())
-        return false;
-    if (m_pLoader->isLoading()) {
-        // The worker needs this thread's event loop to come to its end, so the program goes on without a window.
-        m_bClosing = true;
-        m_pWindow->hide();
-        connect(m_pLoader, &CLibraryLoader::notifyLoaded, this, &CHost::finish);
-        m_closeTimer.start();
-        return false;
-    }
-    if (!saveOrAsk())
-        return false;
-    m_bClosing = true;
-    Q_EMIT notifyFinished();
-    return true;
+    return finish(); // asked again while waiting: now
+}
+
+bool CHost::finish()
+{
+    m_closeTimer.stop();
+    disconnect(m_pLoader, &CLibraryLoader::notifyLoaded, this, &CHost::finish);
+    m_bClosing = saveOrAsk();
+    if (m_bClosing)
+        Q_EMIT notifyFinished();
+    return m_bClosing;
 }
 
 bool CHost::saveOrAsk()
 {
     QString error;
-    if (save(error))
+    // After the time-out the values of the last collection are what there is.
+    if (m_pLoader->isLoading() ? write(error) : save(error))
         return true;
+    m_pWindow->show(); // it may be waiting for the end of a scan
     const QString text = tr("The settings could not be saved: %1\nQuit anyway?").arg(error);
     return CMessageBox::question(m_pWindow.get(), text, QStringLiteral("Orvel"), CMessageBox::Yes | CMessageBox::No,
                                  CMessageBox::No) == CMessageBox::YesResult;
-}
-
-void CHost::finish()
-{
-    QString error;
-    // After the time-out the values of the last collection are what there is.
-    if (!(m_pLoader->isLoading() ? write(error) : save(error)))
-        qCWarning(logSettings, "not saved: %ls", qUtf16Printable(error));
-    Q_EMIT notifyFinished();
 }

@@ -76,7 +76,7 @@ private:
     void showProject();
     bool queryClose();
     bool saveOrAsk();
-    void finish();
+    bool finish();
     bool write(QString& error);
     void remember();
 

@@ -47,10 +47,6 @@ private Q_SLOTS:
     void valuesAreSavedAfterTheUserHasDoneSomething_data();
     void valuesAreSavedAfterTheUserHasDoneSomething();
     void savingWaitsForAnOpenDialog();
-    void closingDuringAScanWaitsForIt();
-    void closingTwiceDuringAScanEndsAtOnce();
-    void closingWithAnUnwritableFileAsks();
-    void closingWithAChangedProjectAsks();
 
 private:
     void start();
@@ -355,88 +351,6 @@ void tst_CHost::savingWaitsForAnOpenDialog()
     QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings")));
     dialog.close();
     QTRY_COMPARE(m_area->calls().count(QStringLiteral("getSettings")), 1);
-}
-
-void tst_CHost::closingDuringAScanWaitsForIt()
-{
-    m_area->holdScans();
-    m_host = std::make_unique<CHost>(m_commandLine);
-    QVERIFY(m_host->start(FakeArea::init, {}));
-    QTRY_COMPARE(m_area->calls().size(), 5); // the worker is in the plug-in
-    QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
-    m_area->settings.monitoring.nRefreshInterval = 43;
-    QString error;
-    QVERIFY(m_host->save(error)); // as by the timer
-    m_host->window()->close();
-    QVERIFY(!m_host->window()->isVisible());
-    QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings"))); // it would wait for the scan
-    QCOMPARE(finished.size(), 0);
-
-    m_area->letScan();
-    QTRY_COMPARE(finished.size(), 1);
-    QCOMPARE(stored("monitoring").value(QLatin1String("refreshInterval")), QJsonValue(43));
-    QTRY_VERIFY(!m_host->loader()->isBusy());
-}
-
-void tst_CHost::closingTwiceDuringAScanEndsAtOnce()
-{
-    m_area->holdScans();
-    m_host = std::make_unique<CHost>(m_commandLine);
-    QVERIFY(m_host->start(FakeArea::init, {}));
-    QTRY_COMPARE(m_area->calls().size(), 5);
-    QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
-    m_host->window()->close();
-    m_host->window()->close();
-    QCOMPARE(finished.size(), 1);
-    QVERIFY(QFile::exists(m_commandLine.settings));
-    QVERIFY(!m_area->calls().contains(QStringLiteral("getSettings")));
-    m_area->letScan();
-    QTRY_VERIFY(!m_host->loader()->isBusy());
-}
-
-void tst_CHost::closingWithAnUnwritableFileAsks()
-{
-    QVERIFY(writeFile(m_folder->filePath(QStringLiteral("file")), "x"));
-    m_commandLine.settings = m_folder->filePath(QStringLiteral("file/settings.json"));
-    start();
-    QSignalSpy finished(m_host.get(), &CHost::notifyFinished);
-    {
-        const ModalAnswer answer(CDialog::No);
-        QVERIFY(!m_host->window()->close());
-        QCOMPARE(answer.text(), QStringLiteral("The settings could not be saved: The folder %1 cannot be created.\n"
-                                               "Quit anyway?")
-                                    .arg(m_folder->filePath(QStringLiteral("file"))));
-    }
-    QVERIFY(m_host->window()->isVisible());
-    QCOMPARE(finished.size(), 0);
-    const ModalAnswer answer(CDialog::Yes);
-    QVERIFY(m_host->window()->close());
-    QCOMPARE(finished.size(), 1);
-}
-
-void tst_CHost::closingWithAChangedProjectAsks()
-{
-    start();
-    const QString path = m_folder->filePath(QStringLiteral("stage.prj"));
-    {
-        const ModalAnswer answer(path);
-        m_host->window()->action(CMainWindow::SaveProjectAs)->trigger();
-    }
-    QCOMPARE(m_host->window()->windowTitle(), QStringLiteral("stage[*]"));
-    SMD5 md5;
-    std::fill_n(md5.data, 32, 'a');
-    QVERIFY(m_host->project()->place(md5, QStringLiteral("type")));
-    QVERIFY(m_host->window()->isWindowModified());
-    const auto handler = std::dynamic_pointer_cast<ISettingInterfaceHandler>(m_area->getHandler());
-    QVERIFY(handler->isTypeUsedInLayout(md5));
-    QVERIFY(handler->isProjectModified());
-    {
-        const ModalAnswer answer(CDialog::Cancel);
-        QVERIFY(!m_host->window()->close());
-    }
-    const ModalAnswer answer(CDialog::Yes);
-    QVERIFY(m_host->window()->close());
-    QVERIFY(readFile(path).contains("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa"));
 }
 
 SETTINGAREA_TEST_MAIN(tst_CHost, QApplication)
