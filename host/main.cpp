@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QTextStream>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -43,6 +44,8 @@ int openWindow(const CommandLine& commandLine, const PluginLibrary& plugin)
 
 int runWindowed(char* program, const CommandLine& commandLine)
 {
+    // Whoever reads what it says may end first, which is no reason to lose what the user has not saved.
+    std::signal(SIGPIPE, SIG_IGN);
     // Qt has options of its own, --plugin among them: it gets to see none of ours.
     int argc = 1;
     char* argv[] = {program, nullptr};

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include <fcntl.h>
+
 // The built program, driven from outside.
 class tst_Orvel : public TestObject
 {
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void aPlugInThatCannotBeUsed();
     void aTerminatedProgramSavesItsSettings();
     void terminatedTwiceItDoesNotWaitForAScan();
+    void itGoesOnWhenNobodyReadsWhatItSays();
     void theTourTakesEveryPicture();
     void aTourThatCannotWriteSaysSo();
     void aTourWithoutAPlugInSaysSo();
@@ -213,6 +216,28 @@ void tst_Orvel::terminatedTwiceItDoesNotWaitForAScan()
     QVERIFY(!process.waitForFinished(300)); // the pages' values are still to be had, after the scan
     process.terminate();
     QVERIFY(process.waitForFinished(5000));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+    QVERIFY(QFile::exists(path("config/orvel/settings.json")));
+}
+
+void tst_Orvel::itGoesOnWhenNobodyReadsWhatItSays()
+{
+    QVERIFY(makeFifo(path("words")));
+    const int reader = ::open(QFile::encodeName(path("words")).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    QVERIFY(reader >= 0);
+    m_environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("orvel.*=true"));
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.setStandardErrorFile(path("words"));
+    process.start(program(), QStringList());
+    QVERIFY(process.waitForStarted(timeoutMs));
+    ::close(reader);
+    // It has said by then which plug-in it has, and more.
+    const auto hasLibrary = [this] { return QFile::exists(path("data/orvel/type-library/Universal-128x128.rcvp")); };
+    QTRY_VERIFY_WITH_TIMEOUT(hasLibrary() || process.state() == QProcess::NotRunning, timeoutMs);
+    process.terminate();
+    QVERIFY(process.waitForFinished(timeoutMs));
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(process.exitCode(), 0);
     QVERIFY(QFile::exists(path("config/orvel/settings.json")));
