@@ -40,6 +40,8 @@ CProductTreeView::CProductTreeView(QWidget* parent)
     connect(&m_rootWatch, &QFileSystemWatcher::directoryChanged, this, [this](const QString& path) {
         if (!QFileInfo(path).isDir())
             setRootPath(path);
+        else if (!m_rootWatch.directories().contains(path))
+            m_rootWatch.addPath(path); // another folder has taken its place
     });
     connectModel();
 }

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void buttonsOfTheRowsAreDisabled();
     void changesForbiddenMeanwhile_data();
     void changesForbiddenMeanwhile();
+    void libraryThatTookTheOthersPlaceGoes();
     void pageDestroyedByTheQuestionOfARow();
 
 private:
@@ -234,6 +235,19 @@ void tst_TypeLibraryButtons::changesForbiddenMeanwhile()
     QVERIFY(script.isDone());
     QCOMPARE(script.seen(), QStringList());
     QCOMPARE(shown.library.files(), before);
+}
+
+void tst_TypeLibraryButtons::libraryThatTookTheOthersPlaceGoes()
+{
+    const LibraryPage shown;
+    QTRY_VERIFY(shown.find(QStringLiteral("Card")).isValid());
+    QVERIFY(QDir(shown.library.root()).removeRecursively());
+    shown.library.add(QStringLiteral("Second.rcvp"), "second");
+    QTRY_VERIFY(shown.find(QStringLiteral("Second")).isValid());
+    QCoreApplication::processEvents();
+    QVERIFY(QDir(shown.library.root()).removeRecursively());
+    QTRY_VERIFY(!shown.button("ClearAll")->isEnabled());
+    QVERIFY(!shown.view()->hasRows());
 }
 
 void tst_TypeLibraryButtons::pageDestroyedByTheQuestionOfARow()
