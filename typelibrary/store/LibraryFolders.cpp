@@ -45,12 +45,9 @@ QString freeName(const QString& folder, const QString& name)
         const QFileInfo entry(folder + QLatin1Char('/') + candidate);
         return entry.exists() || entry.isSymLink(); // to nowhere
     };
-    QString shown = name;
-    while (shown.startsWith(QLatin1Char('.')))
-        shown.remove(0, 1);
-    QString free = shown;
+    QString free = name;
     for (int i = 1; isTaken(free); ++i)
-        free = QStringLiteral("%1(%2)").arg(shown, QString::number(i));
+        free = QStringLiteral("%1(%2)").arg(name, QString::number(i));
     return free;
 }
 

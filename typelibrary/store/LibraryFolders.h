@@ -21,8 +21,7 @@ int groupLevel(const QString& folder, const QString& root);
 // neither does what is hidden or reached by a link out of the folder.
 int groupLevelsIn(const QString& folder);
 
-// `name`, or "name(1)", "name(2)" and so on: the first one that is no entry of `folder` yet. Without dots before it,
-// as the library would not show a group of such a name.
+// `name`, or "name(1)", "name(2)" and so on: the first one that is no entry of `folder` yet.
 QString freeName(const QString& folder, const QString& name);
 
 // How the library in the folder `root` spells the path of what lies at `path`, whatever links that path takes; empty
