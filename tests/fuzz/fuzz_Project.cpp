@@ -27,12 +27,18 @@ bool load(Project& project, const QString& path, QString& error)
     return project.load(path, error);
 }
 
+// The keys as a file holds them, whose order and numbers are one thing for all: Qt (5.15.8) sorts keys with zeros in one
+// way when it reads them and in another when they are inserted, and keeps the digits of an integer past 2^53, which it
+// writes as a double, until then.
+QByteArray textOf(const QJsonObject& keys)
+{
+    return QJsonDocument(QJsonObject::fromVariantMap(keys.toVariantMap())).toJson();
+}
+
 bool areEqual(const Project& one, const Project& other)
 {
     const auto same = [](const Project::PlacedType& a, const Project::PlacedType& b) {
-        // As maps: Qt sorts keys with zeros in them in one way when it reads them and in another when they are
-        // inserted.
-        return a.digest == b.digest && a.name == b.name && a.otherKeys.toVariantMap() == b.otherKeys.toVariantMap();
+        return a.digest == b.digest && a.name == b.name && textOf(a.otherKeys) == textOf(b.otherKeys);
     };
     return std::equal(one.placedTypes().begin(), one.placedTypes().end(), other.placedTypes().begin(),
                       other.placedTypes().end(), same);
