@@ -27,9 +27,9 @@ bool load(Project& project, const QString& path, QString& error)
     return project.load(path, error);
 }
 
-// The keys as a file holds them, whose order and numbers are one thing for all: Qt (5.15.8) sorts keys with zeros in one
-// way when it reads them and in another when they are inserted, and keeps the digits of an integer past 2^53, which it
-// writes as a double, until then.
+// The keys as a file holds them, whose order and numbers are one thing for all: Qt (5.15.8) sorts keys with zeros in
+// one way when it reads them and in another when they are inserted, and keeps the digits of an integer past 2^53, which
+// it writes as a double, until then.
 QByteArray textOf(const QJsonObject& keys)
 {
     return QJsonDocument(QJsonObject::fromVariantMap(keys.toVariantMap())).toJson();
