@@ -60,11 +60,20 @@ void CStatusBar::setTexts()
 {
     m_pState->setText(m_bScanning ? tr("Scanning the type library...") : tr("Types: %1").arg(m_nTypes));
 
-    m_pFolder->setText(tr("Type library: %1").arg(m_folder.isEmpty() ? tr("none") : QDir(m_folder).dirName()));
+    m_pFolder->setText(tr("Type library: %1").arg(folderText()));
     m_pFolder->setToolTip(CToolTip::fromPlainText(QDir::toNativeSeparators(m_folder)));
 
     m_pPlugin->setText(tr("Plug-in: %1").arg(QFileInfo(m_plugin).fileName()));
     m_pPlugin->setToolTip(CToolTip::fromPlainText(QDir::toNativeSeparators(m_plugin)));
+}
+
+// An empty tree does not tell whether the library is empty or on a disk that is not connected.
+QString CStatusBar::folderText() const
+{
+    if (m_folder.isEmpty())
+        return tr("none");
+    const QDir folder(m_folder);
+    return folder.exists() ? folder.dirName() : tr("%1 (not found)").arg(folder.dirName());
 }
 
 void CStatusBar::changeEvent(QEvent* event)

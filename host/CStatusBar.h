@@ -28,6 +28,7 @@ protected:
 private:
     QLabel* addLabel(const char* name);
     void setTexts();
+    QString folderText() const;
 
     QLabel* m_pState;
     CProgressDisplay* m_pProgress;

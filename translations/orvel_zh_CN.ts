@@ -192,6 +192,10 @@ Configures LED display systems: processors, receiving cards and the layout of ca
         <source>Plug-in: %1</source>
         <translation>插件：%1</translation>
     </message>
+    <message>
+        <source>%1 (not found)</source>
+        <translation>%1（未找到）</translation>
+    </message>
 </context>
 <context>
     <name>CabinetSection</name>

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 class tst_CMainWindow : public TestObject
 {
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void theMenusFollowTheLanguage();
     void noShortcutIsTakenFromThePages();
     void theStatusBarSaysWhatIsGoingOn();
+    void theStatusBarSaysWhetherTheLibraryIsThere();
     void closingAsksFirst();
     void theTitleNamesTheProject();
     void aboutSaysTheVersion();
@@ -142,11 +144,27 @@ void tst_CMainWindow::theStatusBarSaysWhatIsGoingOn()
     window.status()->setScanning(false);
     window.status()->setTypeCount(21);
     QCOMPARE(labelText(window, "StatusState"), QStringLiteral("Types: 21"));
-    QCOMPARE(labelText(window, "StatusFolder"), QStringLiteral("Type library: b>")); // plain text
+    QCOMPARE(labelText(window, "StatusFolder"), QStringLiteral("Type library: b> (not found)")); // plain text
     QCOMPARE(labelText(window, "StatusPlugin"), QStringLiteral("Plug-in: libsettingarea.so"));
     QCOMPARE(window.status()->findChild<QLabel*>(QStringLiteral("StatusFolder"))->textFormat(), Qt::PlainText);
     QCOMPARE(window.status()->findChild<QLabel*>(QStringLiteral("StatusPlugin"))->toolTip(),
              CToolTip::fromPlainText(QStringLiteral("/opt/lib/libsettingarea.so")));
+}
+
+void tst_CMainWindow::theStatusBarSaysWhetherTheLibraryIsThere()
+{
+    const QTemporaryDir disk;
+    const QString library = disk.filePath(QStringLiteral("wall"));
+    CMainWindow window;
+    QCOMPARE(labelText(window, "StatusFolder"), QStringLiteral("Type library: none"));
+    window.status()->setLibraryFolder(library);
+    QCOMPARE(labelText(window, "StatusFolder"), QStringLiteral("Type library: wall (not found)"));
+    QVERIFY(QDir().mkdir(library));
+    window.status()->setTypeCount(0); // as whenever the window is activated
+    QCOMPARE(labelText(window, "StatusFolder"), QStringLiteral("Type library: wall"));
+    QVERIFY(QDir().rmdir(library));
+    window.status()->setTypeCount(0);
+    QCOMPARE(labelText(window, "StatusFolder"), QStringLiteral("Type library: wall (not found)"));
 }
 
 void tst_CMainWindow::closingAsksFirst()
