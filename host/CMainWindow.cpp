@@ -14,6 +14,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace {
@@ -39,7 +41,8 @@ CMainWindow::CMainWindow(QWidget* parent)
 {
     setObjectName(QStringLiteral("MainWindow"));
     setMinimumSize(smallestSize);
-    resize(firstSize);
+    const QSize titleBar(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    resize(firstSize.boundedTo(screen()->availableSize() - titleBar));
 
     m_pDock->setObjectName(QStringLiteral("Dock"));
     auto* const layout = new QVBoxLayout(m_pDock);

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -73,6 +74,9 @@ void tst_CMainWindow::itFitsASmallScreen()
 {
     CMainWindow window;
     window.show();
+    const int screenHeight = window.screen()->availableSize().height();
+    QVERIFY2(screenHeight <= 800, "needs a screen that is too small for the whole first size");
+    QVERIFY2(window.height() < screenHeight, qPrintable(QString::number(window.height()))); // a title bar has room
     window.resize(1024, 600);
     QCOMPARE(window.size(), QSize(1024, 600));
     QVERIFY(window.minimumWidth() <= 1024 && window.minimumHeight() <= 560);
