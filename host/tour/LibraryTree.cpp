@@ -3,29 +3,41 @@
 #include "host/tour/TourStage.h"
 #include "plugin/interface/ISettingInterface.h"
 
+#include <QDir>
 #include <QTreeView>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int typeLibraryTab = 1;
 constexpr int pathRole = 263; // QString
 
-// Opens all groups below `parent`; the model reads each folder on a thread of its own.
-bool expand(TourStage& stage, QTreeView* tree, const QModelIndex& parent)
+// How many entries of the folder the tree shows.
+int entriesIn(const QString& folder)
+{
+    const QStringList types{QStringLiteral("*.rcvp"), QStringLiteral("*.rcvbp")};
+    return QDir(folder).entryList(types, QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot).size();
+}
+
+// Opens all groups below `parent`. The model reads each folder on a thread of its own, on a busy machine in several
+// parts, and sorts what it has read after that.
+bool expand(TourStage& stage, QTreeView* tree, const QPersistentModelIndex& parent)
 {
     const QAbstractItemModel* const model = tree->model();
-    const auto isRead = [&] { return model->rowCount(parent) > 0 || !model->hasChildren(parent); };
+    const int entries = entriesIn(parent.data(pathRole).toString());
+    const auto isRead = [&] { return model->rowCount(parent) >= entries; };
     if (!stage.waitFor(isRead, QStringLiteral("the content of the type library")))
         return false;
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
+    QVector<QPersistentModelIndex> rows;
+    for (int row = 0; row < model->rowCount(parent); ++row)
+        rows.append(model->index(row, 0, parent));
+    return std::all_of(rows.cbegin(), rows.cend(), [&](const QPersistentModelIndex& index) {
         if (!model->hasChildren(index))
-            continue;
+            return true;
         tree->expand(index);
-        if (!expand(stage, tree, index))
-            return false;
-    }
-    return true;
+        return expand(stage, tree, index);
+    });
 }
 
 // The entry with the path below `parent`, as far as the model has read it.
