@@ -41,6 +41,7 @@ void CStatusBar::setPlugin(const QString& path)
 void CStatusBar::setLibraryFolder(const QString& folder)
 {
     m_folder = folder;
+    m_bFound = QDir(folder).exists();
     setTexts();
 }
 
@@ -72,8 +73,8 @@ QString CStatusBar::folderText() const
 {
     if (m_folder.isEmpty())
         return tr("none");
-    const QDir folder(m_folder);
-    return folder.exists() ? folder.dirName() : tr("%1 (not found)").arg(folder.dirName());
+    const QString name = QDir(m_folder).dirName();
+    return m_bFound ? name : tr("%1 (not found)").arg(name);
 }
 
 void CStatusBar::changeEvent(QEvent* event)

@@ -16,6 +16,7 @@ public:
     explicit CStatusBar(QWidget* parent = nullptr);
 
     void setPlugin(const QString& path);
+    // Looks once whether the folder is there; the other texts change often, and its disk may be slow.
     void setLibraryFolder(const QString& folder);
     void setScanning(bool scanning);
     void setTypeCount(int types);
@@ -36,6 +37,7 @@ private:
     QLabel* m_pPlugin;
     QString m_plugin;
     QString m_folder;
+    bool m_bFound = false; // the folder, when it was set
     bool m_bScanning = false;
     int m_nTypes = 0;
 };
